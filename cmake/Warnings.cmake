@@ -1,0 +1,10 @@
+# Flags that every target of the project shares. Floating point must be exact and repeatable:
+# no contraction, no fast-math, no machine-specific code.
+add_library(egfsvg_flags INTERFACE)
+target_compile_options(egfsvg_flags INTERFACE
+  -ffp-contract=off -fno-fast-math -fvisibility=hidden -fno-strict-overflow
+  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Wimplicit-fallthrough
+  -Werror=address-of-packed-member -Werror=return-type
+  $<$<BOOL:${EGFSVG_WERROR}>:-Werror>)
+target_include_directories(egfsvg_flags INTERFACE
+  ${CMAKE_SOURCE_DIR} ${CMAKE_SOURCE_DIR}/filter ${CMAKE_BINARY_DIR}/generated)
