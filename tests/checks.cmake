@@ -1,0 +1,1 @@
+# Checks over the sources and the built module.

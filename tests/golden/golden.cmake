@@ -1,0 +1,1 @@
+# One test for each topic folder; see golden_test.cpp.
