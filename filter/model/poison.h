@@ -4,33 +4,17 @@
 // A standard header that names one of the words must be listed above the pragma.
 
 #include <algorithm>
-#include <array>
-#include <bit>
-#include <charconv>
-#include <cmath>
-#include <cstddef>
-#include <cstdint>
+#include <cctype>
+#include <clocale>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <cwchar>
 #include <functional>
-#include <iterator>
-#include <limits>
-#include <map>
 #include <memory>
 #include <new>
-#include <numeric>
-#include <optional>
-#include <span>
 #include <string>
-#include <string_view>
 #include <system_error>
-#include <tuple>
-#include <type_traits>
-#include <unordered_map>
-#include <utility>
-#include <variant>
-#include <vector>
 
 #pragma GCC poison strcpy strcat strncpy strncat stpcpy sprintf vsprintf snprintf vsnprintf
 #pragma GCC poison gets scanf sscanf fscanf strtok strtok_r strdup strndup
