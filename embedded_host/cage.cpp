@@ -1,0 +1,222 @@
+#include "embedded_host/cage.h"
+
+#include <sys/mman.h>
+
+#include <algorithm>
+#include <array>
+#include <bit>
+
+#include "embedded_host/poison.h"
+
+char* RMM_cageBase = nullptr;
+
+namespace egfhost {
+
+char* cageStart = nullptr;
+PageRun pageRuns[kCagePages];
+std::uint32_t pageOwner[kCagePages];
+
+namespace {
+
+// Free runs stand in bins: one for each length below 64 pages, then eight for each doubling.
+constexpr std::uint32_t kExactBins = 64;
+constexpr unsigned kExactBits = 6;
+constexpr unsigned kStepBits = 3;
+constexpr std::uint32_t kBins = kExactBins + (20 - kExactBits + 1) * (1u << kStepBits);
+constexpr std::uint32_t kBinWords = (kBins + 63) / 64;
+
+// How much more address space is made readable at a time.
+constexpr std::uint32_t kCommitStep = 1024;
+// Freed pages that are kept at hand before the system gets them back.
+constexpr std::uint32_t kDirtyPagesKept = 16384;
+// Free runs of the fitting bin that are tried before a larger one is cut.
+constexpr int kRunsLookedAt = 32;
+
+// All that the cage keeps besides its page tables.
+struct CageState {
+  std::array<std::uint32_t, kBins> bins{};  // first free run of each bin, 0 for none
+  std::array<std::uint64_t, kBinWords> filled{};
+  std::uint32_t committed = 0;  // pages below are readable and writable
+  std::uint32_t runsEnd = 1;    // pages from here on have never been used
+  std::uint32_t dirtyPages = 0;
+  bool reserved = false;
+};
+
+CageState state;
+
+std::uint32_t binOf(std::uint32_t pages) {
+  if (pages < kExactBins) return pages;
+  const unsigned top = static_cast<unsigned>(std::bit_width(pages)) - 1;
+  const std::uint32_t step = (pages >> (top - kStepBits)) & ((1u << kStepBits) - 1);
+  return std::min(kExactBins + ((top - kExactBits) << kStepBits) + step, kBins - 1);
+}
+
+void linkFree(std::uint32_t first, std::uint32_t pages, bool dirty) {
+  PageRun& run = pageRuns[first];
+  const std::uint32_t bin = binOf(pages);
+  run = PageRun{};
+  run.pages = pages;
+  run.kind = RunKind::kFree;
+  run.dirty = dirty;
+  run.next = state.bins[bin];
+  if (run.next != 0) pageRuns[run.next].previous = first;
+  state.bins[bin] = first;
+  state.filled[bin / 64] |= std::uint64_t{1} << (bin % 64);
+  pageOwner[first] = first;
+  pageOwner[first + pages - 1] = first;
+}
+
+void unlinkFree(std::uint32_t first) {
+  const PageRun& run = pageRuns[first];
+  const std::uint32_t bin = binOf(run.pages);
+  if (run.next != 0) pageRuns[run.next].previous = run.previous;
+  if (run.previous != 0) {
+    pageRuns[run.previous].next = run.next;
+    return;
+  }
+  state.bins[bin] = run.next;
+  if (run.next == 0) state.filled[bin / 64] &= ~(std::uint64_t{1} << (bin % 64));
+}
+
+// The first bin from `bin` on that holds a run; kBins when none does.
+std::uint32_t nextFilledBin(std::uint32_t bin) {
+  for (std::uint32_t word = bin / 64; word < kBinWords; ++word) {
+    std::uint64_t bits = state.filled[word];
+    if (word == bin / 64) bits &= ~std::uint64_t{0} << (bin % 64);
+    if (bits != 0) return word * 64 + static_cast<std::uint32_t>(std::countr_zero(bits));
+  }
+  return kBins;
+}
+
+// A free run of at least that length, 0 for none. Any run of a later bin fits; in the first bin a
+// few are looked at.
+std::uint32_t findFree(std::uint32_t pages) {
+  const std::uint32_t own = binOf(pages);
+  std::uint32_t run = state.bins[own];
+  for (int looked = 0; run != 0 && looked < kRunsLookedAt; ++looked) {
+    if (pageRuns[run].pages >= pages) return run;
+    run = pageRuns[run].next;
+  }
+  for (std::uint32_t bin = nextFilledBin(own + 1); bin < kBins; bin = nextFilledBin(bin + 1)) {
+    if (pageRuns[state.bins[bin]].pages >= pages) return state.bins[bin];
+  }
+  return 0;
+}
+
+bool commitUpTo(std::uint32_t end) {
+  if (end <= state.committed) return true;
+  const std::uint32_t target = std::min(kCagePages, (end + kCommitStep - 1) & ~(kCommitStep - 1));
+  char* const from = pageAddress(std::max(state.committed, 1u));
+  const std::size_t bytes = static_cast<std::size_t>(pageAddress(target - 1) + kPageSize - from);
+  if (mprotect(from, bytes, PROT_READ | PROT_WRITE) != 0) return false;
+  state.committed = target;
+  return true;
+}
+
+// Gives the memory behind all free runs back to the system; their addresses stay ours.
+void purge() {
+  for (std::uint32_t bin = nextFilledBin(0); bin < kBins; bin = nextFilledBin(bin + 1)) {
+    for (std::uint32_t run = state.bins[bin]; run != 0; run = pageRuns[run].next) {
+      if (!pageRuns[run].dirty) continue;
+      madvise(pageAddress(run), std::size_t{pageRuns[run].pages} << kPageShift, MADV_DONTNEED);
+      pageRuns[run].dirty = false;
+    }
+  }
+  state.dirtyPages = 0;
+}
+
+// Cuts a run that is in no list to its length; what is left over becomes free.
+void trimRun(std::uint32_t first, std::uint32_t have, std::uint32_t pages, bool dirty) {
+  if (have > pages) linkFree(first + pages, have - pages, dirty);
+}
+
+// A run after the last one ever used.
+std::uint32_t takeFresh(std::uint32_t pages) {
+  if (pages > kCagePages - state.runsEnd || !commitUpTo(state.runsEnd + pages)) return 0;
+  const std::uint32_t first = state.runsEnd;
+  state.runsEnd += pages;
+  return first;
+}
+
+std::uint32_t takeUsed(std::uint32_t pages) {
+  const std::uint32_t first = findFree(pages);
+  if (first == 0) return 0;
+  const PageRun run = pageRuns[first];
+  unlinkFree(first);
+  if (run.dirty) state.dirtyPages -= std::min(state.dirtyPages, pages);
+  trimRun(first, run.pages, pages, run.dirty);
+  return first;
+}
+
+}  // namespace
+
+bool reserveCage() {
+  if (state.reserved) return cageStart != nullptr;
+  state.reserved = true;
+  void* const base =
+      mmap(nullptr, kCageSize, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+  if (base == MAP_FAILED) return false;
+  cageStart = static_cast<char*>(base);
+  RMM_cageBase = cageStart;
+  return true;
+}
+
+bool cageReaches(HostHandle offset) {
+  return offset >= kPageSize && (offset >> kPageShift) < state.runsEnd;
+}
+
+std::uint32_t takeRun(std::uint32_t pages, RunKind kind) {
+  if (pages == 0 || !reserveCage()) return 0;
+  std::uint32_t first = takeUsed(pages);
+  if (first == 0) first = takeFresh(pages);
+  if (first == 0) return 0;
+  pageRuns[first] = PageRun{};
+  pageRuns[first].pages = pages;
+  pageRuns[first].kind = kind;
+  pageOwner[first] = first;
+  return first;
+}
+
+void releaseRun(std::uint32_t first) {
+  std::uint32_t pages = pageRuns[first].pages;
+  poison(pageAddress(first), std::size_t{pages} << kPageShift);
+  state.dirtyPages += pages;
+  pageRuns[first] = PageRun{};
+  const std::uint32_t after = first + pages;
+  if (after < state.runsEnd && pageRuns[after].kind == RunKind::kFree) {
+    unlinkFree(after);
+    pages += pageRuns[after].pages;
+    pageRuns[after] = PageRun{};
+  }
+  const std::uint32_t before = first > 1 ? pageOwner[first - 1] : 0;
+  if (before != 0 && pageRuns[before].kind == RunKind::kFree &&
+      before + pageRuns[before].pages == first) {
+    unlinkFree(before);
+    pages += pageRuns[before].pages;
+    first = before;
+  }
+  linkFree(first, pages, true);
+  if (state.dirtyPages > kDirtyPagesKept) purge();
+}
+
+bool extendRun(std::uint32_t first, std::uint32_t pages) {
+  PageRun& run = pageRuns[first];
+  const std::uint32_t after = first + run.pages;
+  const std::uint32_t more = pages - run.pages;
+  if (after == state.runsEnd) {
+    if (takeFresh(more) == 0) return false;
+  } else {
+    if (pageRuns[after].kind != RunKind::kFree || pageRuns[after].pages < more) return false;
+    const PageRun free = pageRuns[after];
+    unlinkFree(after);
+    pageRuns[after] = PageRun{};
+    if (free.dirty) state.dirtyPages -= std::min(state.dirtyPages, more);
+    trimRun(after, free.pages, more, free.dirty);
+  }
+  run.pages = pages;
+  return true;
+}
+
+std::uint32_t endOfRuns() { return state.runsEnd; }
+
+}  // namespace egfhost
