@@ -16,6 +16,13 @@ constexpr std::size_t kSlotMin = 2 * kGrain;
 constexpr int kStepsPerDoubling = 4;
 constexpr std::size_t kClasses = 31;
 constexpr std::size_t kGrains = kSlotMax / kGrain + 1;
+// Spare slots that a class takes from its slabs, or gives back to them, at a time.
+constexpr std::uint32_t kBatchBytes = 4096;
+constexpr std::uint32_t kBatchMax = 32;
+
+constexpr std::uint32_t batchOf(std::uint32_t slotSize) {
+  return std::clamp(kBatchBytes / slotSize, 1u, kBatchMax);
+}
 
 struct ClassTables {
   std::array<SizeClass, kClasses> classes{};
@@ -27,8 +34,9 @@ constexpr ClassTables makeTables() {
   std::size_t made = 0;
   std::size_t step = kGrain;
   for (std::size_t size = kSlotMin; size <= kSlotMax; size += step) {
-    tables.classes[made++] = {static_cast<std::uint32_t>(size),
-                              static_cast<std::uint32_t>(kSlabSize / size)};
+    const auto slotSize = static_cast<std::uint32_t>(size);
+    tables.classes[made++] = {slotSize, static_cast<std::uint32_t>(kSlabSize / size),
+                              batchOf(slotSize)};
     const bool doubled = (size & (size - 1)) == 0;
     if (size >= kLinearSlotMax && doubled) step = size / kStepsPerDoubling;
   }
@@ -43,9 +51,16 @@ constexpr ClassTables makeTables() {
 constexpr ClassTables kTables = makeTables();
 static_assert(kTables.classes[kClasses - 1].slotSize == kSlotMax);
 
-// All that the small blocks keep: the first slab with room of each class, 0 for none.
+// Freed slots of one class, at hand.
+struct SpareSlots {
+  BlockHeader* first;  // chained by their file fields
+  std::uint32_t count;
+};
+
+// All that the small blocks keep.
 struct SlabState {
-  std::array<std::uint32_t, kClasses> withRoom{};
+  std::array<SpareSlots, kClasses> spares{};
+  std::array<std::uint32_t, kClasses> withRoom{};  // first slab with room, 0 for none
 };
 
 SlabState state;
@@ -110,9 +125,65 @@ EGFHOST_SEES_POISON void pushSlot(std::uint32_t slab, BlockHeader* header) {
   }
 }
 
+EGFHOST_SEES_POISON void pushSpare(SpareSlots& spares, BlockHeader* header) {
+  header->file = reinterpret_cast<const char*>(spares.first);
+  spares.first = header;
+  ++spares.count;
+}
+
+EGFHOST_SEES_POISON BlockHeader* popSpare(SpareSlots& spares) {
+  BlockHeader* const header = spares.first;
+  spares.first = reinterpret_cast<BlockHeader*>(const_cast<char*>(header->file));
+  --spares.count;
+  return header;
+}
+
+EGFHOST_SEES_POISON void markSpare(BlockHeader* header, std::size_t sizeClass) {
+  header->state = BlockState::kFree;
+  header->sizeClass = static_cast<std::uint8_t>(sizeClass);
+}
+
+bool fillSpares(std::size_t sizeClass) {
+  SpareSlots& spares = state.spares[sizeClass];
+  const std::uint32_t batch = kTables.classes[sizeClass].batch;
+  for (std::uint32_t i = 0; i < batch; ++i) {
+    BlockHeader* const header = popSlot(sizeClass);
+    if (header == nullptr) break;
+    markSpare(header, sizeClass);
+    pushSpare(spares, header);
+  }
+  return spares.first != nullptr;
+}
+
+void drainSpares(SpareSlots& spares, std::uint32_t keep) {
+  while (spares.count > keep) {
+    BlockHeader* const header = popSpare(spares);
+    pushSlot(pageOwner[pageOf(header)], header);
+  }
+}
+
 std::uint32_t pagesFor(std::size_t payload) {
   return static_cast<std::uint32_t>((payload + kBlockOverhead + kPageSize - 1) >> kPageShift);
 }
+
+BlockHeader* takeSmall(std::size_t slot) {
+  const std::size_t sizeClass = kTables.byGrains[(slot + kGrain - 1) / kGrain];
+  SpareSlots& spares = state.spares[sizeClass];
+  if (spares.first == nullptr && !fillSpares(sizeClass)) [[unlikely]]
+    return nullptr;
+  return popSpare(spares);
+}
+
+EGFHOST_SEES_POISON BlockHeader* takeLarge(std::size_t payload) {
+  const std::uint32_t run = takeRun(pagesFor(payload), RunKind::kLarge);
+  if (run == 0) return nullptr;
+  poison(pageAddress(run), std::size_t{pageRuns[run].pages} << kPageShift);
+  auto* const header = reinterpret_cast<BlockHeader*>(pageAddress(run));
+  header->sizeClass = kLargeClass;
+  return header;
+}
+
+EGFHOST_SEES_POISON std::uint8_t classOf(const BlockHeader* header) { return header->sizeClass; }
 
 }  // namespace
 
@@ -120,35 +191,34 @@ const SizeClass& sizeClassOf(const PageRun& slab) { return kTables.classes[slab.
 
 BlockHeader* takeBlock(std::size_t payload) {
   const std::size_t slot = payload + kBlockOverhead;
-  if (slot <= kSlotMax) [[likely]] {
-    return popSlot(kTables.byGrains[(slot + kGrain - 1) / kGrain]);
-  }
-  const std::uint32_t run = takeRun(pagesFor(payload), RunKind::kLarge);
-  if (run == 0) return nullptr;
-  poison(pageAddress(run), std::size_t{pageRuns[run].pages} << kPageShift);
-  return reinterpret_cast<BlockHeader*>(pageAddress(run));
+  return slot <= kSlotMax ? takeSmall(slot) : takeLarge(payload);
 }
 
 void returnBlock(BlockHeader* header) {
   setState(header, BlockState::kFree);
-  const std::uint32_t first = pageOwner[pageOf(header)];
-  if (pageRuns[first].kind == RunKind::kSlab) [[likely]] {
-    pushSlot(first, header);
-  } else {
-    releaseRun(first);
+  const std::uint8_t sizeClass = classOf(header);
+  if (sizeClass == kLargeClass) {
+    releaseRun(pageOf(header));
+    return;
   }
+  SpareSlots& spares = state.spares[sizeClass];
+  pushSpare(spares, header);
+  const std::uint32_t batch = kTables.classes[sizeClass].batch;
+  if (spares.count > 2 * batch) [[unlikely]]
+    drainSpares(spares, batch);
 }
 
 std::size_t payloadRoom(const BlockHeader* header) {
-  const PageRun& run = pageRuns[pageOwner[pageOf(header)]];
-  const std::size_t place = run.kind == RunKind::kSlab ? kTables.classes[run.sizeClass].slotSize
-                                                       : std::size_t{run.pages} << kPageShift;
+  const std::uint8_t sizeClass = classOf(header);
+  const std::size_t place = sizeClass == kLargeClass
+                                ? std::size_t{pageRuns[pageOf(header)].pages} << kPageShift
+                                : kTables.classes[sizeClass].slotSize;
   return place - kBlockOverhead;
 }
 
 bool extendBlock(BlockHeader* header, std::size_t payload) {
-  const std::uint32_t first = pageOwner[pageOf(header)];
-  if (pageRuns[first].kind != RunKind::kLarge) return false;
+  if (classOf(header) != kLargeClass) return false;
+  const std::uint32_t first = pageOf(header);
   const std::uint32_t before = pageRuns[first].pages;
   if (!extendRun(first, pagesFor(payload))) return false;
   poison(pageAddress(first + before), std::size_t{pageRuns[first].pages - before} << kPageShift);

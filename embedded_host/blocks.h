@@ -10,23 +10,25 @@
 
 namespace egfhost {
 
-enum class BlockState : std::uint32_t {
+enum class BlockState : std::uint8_t {
   kFree = 0,
-  kLive = 0xa5b,     // owned by whoever allocated it
-  kChowned = 0xa5d,  // owned by the document
-  kRetired = 0x5a1   // freed, but not yet given out again (sanitizer builds)
+  kLive = 0xab,     // owned by whoever allocated it
+  kChowned = 0xad,  // owned by the document
+  kRetired = 0x51   // freed, but not yet given out again (sanitizer builds)
 };
 
 // Stands before each payload, poisoned.
 struct BlockHeader {
-  const char* file;         // the literal that the caller passed
-  std::uint32_t size;       // bytes asked for
-  std::uint32_t lineState;  // line << kStateBits | state
+  const char* file;        // the literal that the caller passed; next spare slot while it is spare
+  std::uint32_t size;      // bytes asked for
+  std::uint16_t line;      // kMaxSiteLine for all lines from there on
+  std::uint8_t sizeClass;  // kLargeClass for a run of pages
+  BlockState state;
 };
 static_assert(sizeof(BlockHeader) == 16);
 
-inline constexpr unsigned kStateBits = 12;
-inline constexpr std::uint32_t kStateMask = (1u << kStateBits) - 1;
+inline constexpr std::uint16_t kMaxSiteLine = 0xffff;
+inline constexpr std::uint8_t kLargeClass = 0xff;
 inline constexpr std::size_t kHeaderSize = sizeof(BlockHeader);
 // Poisoned bytes after a payload.
 inline constexpr std::size_t kRedZone = kPoisoning ? 16 : 0;
@@ -37,17 +39,15 @@ inline constexpr std::size_t kMaxPayload = kCageSize - kPageSize - kBlockOverhea
 inline BlockHeader* headerOf(void* block) { return static_cast<BlockHeader*>(block) - 1; }
 inline void* payloadOf(BlockHeader* header) { return header + 1; }
 
-EGFHOST_SEES_POISON inline BlockState stateOf(const BlockHeader* header) {
-  return static_cast<BlockState>(header->lineState & kStateMask);
-}
+EGFHOST_SEES_POISON inline BlockState stateOf(const BlockHeader* header) { return header->state; }
 EGFHOST_SEES_POISON inline void setState(BlockHeader* header, BlockState state) {
-  header->lineState = (header->lineState & ~kStateMask) | static_cast<std::uint32_t>(state);
+  header->state = state;
 }
 inline bool isLive(BlockState state) {
   return state == BlockState::kLive || state == BlockState::kChowned;
 }
 
-// A place for a payload of that size, its header not yet filled; null when the cage is full.
+// A place for a payload of that size, with its size class set; null when the cage is full.
 BlockHeader* takeBlock(std::size_t payload);
 
 // Gives a place back. The state is kFree afterwards.
@@ -67,6 +67,7 @@ void forEachLiveBlock(Visit visit);
 struct SizeClass {
   std::uint32_t slotSize;  // header, payload and red zone
   std::uint32_t slots;     // in one slab
+  std::uint32_t batch;     // slots that go from and to the slabs at a time
 };
 const SizeClass& sizeClassOf(const PageRun& slab);
 

@@ -12,7 +12,7 @@ namespace {
 using SiteKey = std::pair<std::string, int>;
 
 EGFHOST_SEES_POISON BlockHeader copyOf(const BlockHeader* header) {
-  return BlockHeader{header->file, header->size, header->lineState};
+  return BlockHeader{header->file, header->size, header->line, header->sizeClass, header->state};
 }
 
 std::string fileText(const char* file) { return file == nullptr ? "?" : file; }
@@ -23,11 +23,10 @@ std::vector<SiteUse> liveSites() {
   std::map<SiteKey, SiteUse> sites;
   forEachLiveBlock([&](const BlockHeader* address) {
     const BlockHeader header = copyOf(address);
-    const int line = static_cast<int>(header.lineState >> kStateBits);
-    SiteUse& use = sites[{fileText(header.file), line}];
+    SiteUse& use = sites[{fileText(header.file), header.line}];
     ++use.blocks;
     use.bytes += header.size;
-    if (stateOf(&header) == BlockState::kChowned) ++use.documentBlocks;
+    if (header.state == BlockState::kChowned) ++use.documentBlocks;
   });
   std::vector<SiteUse> list;
   for (auto& [key, use] : sites) {

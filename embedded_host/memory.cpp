@@ -61,8 +61,8 @@ EGFHOST_SEES_POISON void* fillHeader(BlockHeader* header, std::size_t size, cons
                                      int line) {
   header->file = file;
   header->size = static_cast<std::uint32_t>(size);
-  header->lineState = (static_cast<std::uint32_t>(line) << kStateBits) |
-                      static_cast<std::uint32_t>(BlockState::kLive);
+  header->line = static_cast<std::uint16_t>(std::min<unsigned>(line, kMaxSiteLine));
+  header->state = BlockState::kLive;
   void* const block = payloadOf(header);
   unpoison(block, size);
   return block;
@@ -132,11 +132,11 @@ void release(BlockHeader* header) {
 // The same place, another size.
 EGFHOST_SEES_POISON void* resizeInPlace(BlockHeader* header, std::size_t bytes, const char* file,
                                         int line) {
-  const std::uint32_t owner = header->lineState & kStateMask;
+  const BlockState owner = header->state;
   void* const block = payloadOf(header);
   poison(block, header->size);
   fillHeader(header, bytes, file, line);
-  header->lineState = (header->lineState & ~kStateMask) | owner;
+  header->state = owner;
   return block;
 }
 
