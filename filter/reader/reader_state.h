@@ -4,16 +4,16 @@
 
 #include <cstdint>
 
+#include "host/settings.h"
 #include "model/values.h"
 
 namespace egfsvg {
 
-/// Limits of one read. 0 in the host's settings means the built-in value here.
+/// Limits of one read. 0 in the host's settings means the built-in value.
 struct ReaderLimits {
-  std::int32_t maxNesting = 1024;                 // open g and svg elements
-  std::int32_t maxReferenceDepth = 64;            // references inside references
-  std::int64_t maxReferencedObjects = 1'000'000;  // objects sent through references, a read
-  std::int64_t maxSourceBytes = 0x7fffffff;
+  std::uint32_t maxNesting = kBuiltInMaxNesting;                      // open g and svg elements
+  std::uint32_t maxReferenceDepth = kBuiltInMaxReferenceDepth;        // references in references
+  std::uint32_t maxReferencedObjects = kBuiltInMaxReferencedObjects;  // sent through references
 };
 
 /// Host settings that the reader asks for.
@@ -25,16 +25,65 @@ struct ReaderSettings {
   bool diagnostics = false;
 };
 
+/// Memory that is lent for the time of one element and taken back, so that an element costs no
+/// allocation of its own. Owns what is not lent.
+class SpareBlocks {
+ public:
+  struct Block {
+    char* memory;
+    std::int32_t size;
+  };
+
+  SpareBlocks() = default;
+  ~SpareBlocks() { clear(); }
+  SpareBlocks(const SpareBlocks&) = delete;
+  SpareBlocks& operator=(const SpareBlocks&) = delete;
+
+  /// A block of at least `size` bytes, with null memory when there is none to have.
+  Block take(std::int32_t size);
+  /// Takes a block back, or frees it.
+  void giveBack(Block block);
+  void clear();
+
+ private:
+  static constexpr int kMost = 4;                        // blocks kept
+  static constexpr std::int32_t kLargestKept = 1 << 20;  // bytes
+
+  Block blocks_[kMost] = {};
+  int count_ = 0;
+};
+
 struct ReaderState {
   ReaderLimits limits;
   ReaderSettings settings;
-  std::int32_t nesting = 0;         // open containers
-  std::int32_t referenceDepth = 0;  // open references
-  std::int64_t referencedObjects = 0;
-  bool callbackStopped = false;     // a callback inside a nested enumeration returned 0
-  int localStyleDepth = 0;          // style attributes being applied
-  char* valueBlock = nullptr;       // reused value block of an attribute pair, owned
-  std::int32_t valueBlockSize = 0;
+  std::uint32_t nesting = 0;            // open g and svg elements
+  std::uint32_t referenceDepth = 0;     // open references
+  std::uint32_t referencedObjects = 0;  // objects sent through references so far
+  bool outOfMemory = false;             // an allocation failed: the read ends with that
+  bool callbackStopped = false;         // a callback inside a nested enumeration returned 0
+  bool reporting = false;               // what is dropped is logged: set in the second pass
+  int localStyleDepth = 0;              // style attributes being applied
+  std::int32_t gaugeThreshold = 0;      // file index below which the gauge cannot move
+  SpareBlocks values;                   // value blocks of attribute pairs
+  SpareBlocks objects;                  // envelopes with their records
+};
+
+/// An attribute pair whose value block is lent by the reader.
+struct ScratchPair {
+  explicit ScratchPair(ReaderState& state);
+  ~ScratchPair();
+  ScratchPair(const ScratchPair&) = delete;
+  ScratchPair& operator=(const ScratchPair&) = delete;
+
+  /// False without memory; the reader knows then.
+  bool hasValue() const { return pair.value != nullptr; }
+  void clear() {
+    pair.name[0] = '\0';
+    pair.value[0] = '\0';
+  }
+
+  ReaderState& state;
+  _svg_attrib_pair pair;
 };
 
 }  // namespace egfsvg

@@ -30,13 +30,13 @@ class CHandlerReader {
   std::int32_t localRefCount = 0;
   std::int32_t defsCount = 0;
   std::int32_t switchCount = 0;
-  Map<_svg_group> groups;         // key: decimal head.index
-  Map<_svg_defs> defs;            // key: "#" and id
-  Map<_svg_svg> svgs;             // key: decimal head.index
-  Map<_svg_switch> switches;      // key: decimal head.index
-  Map<AttNode> styles;            // key: selector text
-  Map<_svg_localref> localRefs;   // key: "#" and id, or an entity's name
-  Map<_svg_gradient> gradients;   // key: "#" and id
+  Map<_svg_group> groups;        // key: decimal head.index
+  Map<_svg_defs> defs;           // key: "#" and id
+  Map<_svg_svg> svgs;            // key: decimal head.index
+  Map<_svg_switch> switches;     // key: decimal head.index
+  Map<AttNode> styles;           // key: selector text
+  Map<_svg_localref> localRefs;  // key: "#" and id, or an entity's name
+  Map<_svg_gradient> gradients;  // key: "#" and id
   std::int32_t firstPassTags = 0;
   std::int32_t secondPassTags = 0;
   std::int32_t pass = 1;
