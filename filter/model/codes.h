@@ -85,6 +85,10 @@ enum GroupCode : std::int32_t {
   kGroupViewports = 13,
 };
 
+/// Spread methods and units of a gradient.
+enum SpreadCode : std::int32_t { kSpreadPad = 1, kSpreadReflect = 2, kSpreadRepeat = 3 };
+enum GradientUnitsCode : std::int32_t { kGradientUserSpace = 1, kGradientBoundingBox = 2 };
+
 /// Kinds of a transform entry.
 enum TransformKind : std::int32_t {
   kRotate = 1,

@@ -1,6 +1,7 @@
 // Creation and release of element records. `init...` sets the defaults and allocates nothing;
 // `Destroy...` frees what a record or group owns and nulls it, so that a second call is harmless;
-// neither frees the record itself. All do nothing for null.
+// neither frees the record itself. All do nothing for null. A record handed to a `Destroy...` was
+// initialised or zeroed whole, all members of a markup form included.
 #pragma once
 
 #include <cstdint>

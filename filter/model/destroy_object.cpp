@@ -1,0 +1,162 @@
+// Release of a whole record by its type code.
+#include <type_traits>
+
+#include "model/lifecycle.h"
+#include "model/rmm_allocator.h"
+
+namespace egfsvg {
+
+namespace {
+
+// What every shape starts with, whatever stands between its groups.
+template <class Shape>
+void destroyShape(Shape* shape) {
+  DestroyCommonElements(&shape->head);
+  DestroyStrokeElements(&shape->stroke);
+  DestroyFillElements(&shape->fill);
+  DestroyGraphicsElements(&shape->graphics);
+  DestroyTAElements(&shape->ta);
+  DestroyGraphicalEvents(&shape->events);
+}
+
+template <class Shape>
+void destroyMarkedShape(Shape* shape) {
+  destroyShape(shape);
+  DestroyMarkersElements(&shape->markers);
+}
+
+/// Kept: points that stand with a count of 0 are not freed.
+template <class Shape>
+void destroyPointShape(Shape* shape) {
+  destroyMarkedShape(shape);
+  if (shape->pointCount < 1) return;
+  freeAll(shape->points);
+  shape->pointCount = 0;
+}
+
+void destroyPath(_svg_path* path) {
+  destroyMarkedShape(path);
+  DestroyPathElements(path);
+}
+
+void destroyRun(_svg_text* run) {
+  destroyShape(run);
+  DestroyFontSpecElements(&run->fontspec);
+  DestroyTextContentElements(&run->textcontentelems);
+  DestroyTextElements(run);
+}
+
+void destroyText(_svg_text* first) {
+  destroyRun(first);
+  for (_svg_text* run = first->next; run != nullptr;) {
+    _svg_text* next = run->next;
+    destroyRun(run);
+    freeAll(run);
+    run = next;
+  }
+  first->next = nullptr;
+}
+
+void destroyImage(_svg_image* image) {
+  DestroyCommonElements(&image->head);
+  DestroyGraphicsElements(&image->graphics);
+  DestroyTAElements(&image->ta);
+  DestroyGraphicalEvents(&image->events);
+  DestroyImagesElements(&image->images);
+  freeAll(image->link.value);
+}
+
+template <class Container>
+void destroyContainer(Container* container) {
+  DestroyCommonElements(&container->head);
+  DestroyPAElements(&container->pa);
+  DestroyTAElements(&container->ta);
+}
+
+void destroySvg(_svg_svg* svg) {
+  destroyContainer(svg);
+  DestroyEAElements(&svg->events);
+  freeAll(svg->viewBox);
+}
+
+void destroyGroup(_svg_group* group) {
+  destroyContainer(group);
+  DestroyGraphicalEvents(&group->events);
+  freeAll(group->link.value);
+}
+
+void destroyLink(_svg_a* link) {
+  destroyContainer(link);
+  DestroyGraphicalEvents(&link->events);
+  freeAll(link->link.value);
+  DestroyAElements(link);
+}
+
+void destroyCloud(_svg_markup_cloud* cloud) {
+  destroyPointShape(&cloud->outline);
+  destroyPath(&cloud->curve);
+  destroyGroup(&cloud->group);
+}
+
+void destroyCrossout(_svg_markup_crossout* crossout) {
+  destroyMarkedShape(&crossout->line1);
+  destroyMarkedShape(&crossout->line2);
+  destroyGroup(&crossout->group);
+}
+
+void destroyDiamond(_svg_markup_diamond* diamond) {
+  destroyPath(&diamond->outline);
+  destroyGroup(&diamond->group);
+}
+
+void destroyAnnotation(_svg_markup_anno* annotation) {
+  destroyText(&annotation->note);
+  destroyGroup(&annotation->group);
+}
+
+using Destroyer = void (*)(void*);
+
+template <class Record, void (*destroy)(Record*)>
+void destroyAs(void* record) {
+  static_assert(std::is_trivially_copyable_v<Record>);
+  destroy(static_cast<Record*>(record));
+}
+
+struct DestroyerRow {
+  std::int32_t type;
+  Destroyer destroy;
+};
+
+constexpr DestroyerRow kDestroyers[] = {
+    {kTagSvg, destroyAs<_svg_svg, destroySvg>},
+    {kTagPath, destroyAs<_svg_path, destroyPath>},
+    {kTagRect, destroyAs<_svg_rect, destroyShape>},
+    {kTagCircle, destroyAs<_svg_circle, destroyShape>},
+    {kTagEllipse, destroyAs<_svg_ellipse, destroyShape>},
+    {kTagLine, destroyAs<_svg_line, destroyMarkedShape>},
+    {kTagPolyline, destroyAs<_svg_polyline, destroyPointShape>},
+    {kTagPolygon, destroyAs<_svg_polygon, destroyPointShape>},
+    {kTagText, destroyAs<_svg_text, destroyText>},
+    {kTagGroup, destroyAs<_svg_group, destroyGroup>},
+    {kTagImage, destroyAs<_svg_image, destroyImage>},
+    {kTagLink, destroyAs<_svg_a, destroyLink>},
+    {kTagCloud, destroyAs<_svg_markup_cloud, destroyCloud>},
+    {kTagCrossout, destroyAs<_svg_markup_crossout, destroyCrossout>},
+    {kTagDiamond, destroyAs<_svg_markup_diamond, destroyDiamond>},
+    {kTagAnnotation, destroyAs<_svg_markup_anno, destroyAnnotation>},
+};
+
+}  // namespace
+
+}  // namespace egfsvg
+
+void svg_DestroyObjectAtt(void* record, std::int32_t type) {
+  if (record == nullptr) return;
+  for (const auto& row : egfsvg::kDestroyers) {
+    if (row.type == type) return row.destroy(record);
+  }
+}
+
+void svg_DestroyObject(_svg_objects* object) {
+  if (object != nullptr) svg_DestroyObjectAtt(&object->head, object->type);
+}
