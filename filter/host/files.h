@@ -92,7 +92,8 @@ EGFHOST_API int FLR_FullFileName(char* fullName, const char* path, const QV_FILE
 // The full name of a file object; non-zero on success. fullName holds kFileFullNameSize bytes.
 EGFHOST_API int FLR_GetFullFilename(HostHandle file, char* fullName);
 
-// Splits a full name into a directory (with its last separator) and a base name; 0 on success.
+// Splits a full name into a directory, without its last separator, and a base name; 0 on success.
+// The directory of a bare name is ".", that of a name in the root "/".
 EGFHOST_API int FLR_SplitPath(const char* fullName, char* path, char* baseName);
 
 }  // extern "C"

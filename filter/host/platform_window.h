@@ -1,4 +1,4 @@
-// Window calls of the platform layer. A host without windows answers them with 0.
+// Window calls of the platform layer.
 #pragma once
 
 #include <cstdint>
