@@ -23,7 +23,8 @@ struct EGF_WIRE _egf_dash_record {
   std::uint8_t reserved365[3];
   ref32<ref32<_egf_dash_record>> index;  ///< first record of a list only: all its records in order
   std::uint32_t indexCapacity;           ///< first record only
-  std::uint8_t reserved376[156];
+  std::uint32_t indexCount;              ///< first record only
+  std::uint8_t reserved380[152];
   ref32<_egf_dash_record> next;
 };
 
@@ -31,8 +32,7 @@ namespace egfsvg {
 
 /// What stands behind a tree's root: dashes and layers.
 struct EGF_WIRE EgfPageHeader {
-  std::uint8_t reserved0[3044];
-  std::uint32_t dashTotal;            ///< records of the dash list
+  std::uint8_t reserved0[3048];
   ref32<_egf_dash_record> lastDash;   ///< last record of the dash list
   ref32<_egf_dash_record> firstDash;  ///< null when the document has no dashes
   std::uint32_t layerCount;

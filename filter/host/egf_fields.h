@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 
@@ -16,6 +17,7 @@ enum class FieldKind : std::uint8_t {
   kMeasure,
   kColour,
   kPoint,
+  kRadii,  ///< two lengths, in the form of a point
   kRect,
   kMatrix,
   kWrapMode,
@@ -80,6 +82,7 @@ constexpr std::size_t entrySize(FieldKind kind) {
     case FieldKind::kDouble:
     case FieldKind::kDoubles:
     case FieldKind::kPoint:
+    case FieldKind::kRadii:
     case FieldKind::kPoints:
     case FieldKind::kPointArray:
       return 8;
@@ -104,6 +107,45 @@ constexpr std::size_t fieldSize(const FieldRow& row) {
   const std::size_t entry = entrySize(row.kind);
   return several && row.count.kind != CountKind::kConstant ? row.structSize
                                                            : entry * row.count.value;
+}
+
+/// One field row. Its number is the wire offset; the compiler's own offset and size stand beside it
+/// and are compared below.
+#define EGF_FIELD(record, member, offset, kind, ...)                            \
+  FieldRow {                                                                    \
+    nameOfMember(#member), offset, FieldKind::kind, FieldCount{__VA_ARGS__},    \
+        offsetof(record, member), sizeof(static_cast<record*>(nullptr)->member) \
+  }
+
+/// The last name of a member path: "lineWidth" of "pen.lineWidth".
+consteval const char* nameOfMember(const char* path) {
+  const char* name = path;
+  for (const char* at = path; *at != '\0'; ++at) {
+    if (*at == '.') name = at + 1;
+  }
+  return name;
+}
+
+/// The rows of a sub-record that stands at `offset` inside another record.
+template <std::size_t kCount>
+consteval std::array<FieldRow, kCount> moved(std::array<FieldRow, kCount> rows,
+                                             std::uint16_t offset, std::size_t structOffset) {
+  for (FieldRow& row : rows) {
+    row.offset = static_cast<std::uint16_t>(row.offset + offset);
+    row.structOffset += structOffset;
+  }
+  return rows;
+}
+
+template <std::size_t... kCounts>
+consteval auto joined(const std::array<FieldRow, kCounts>&... parts) {
+  std::array<FieldRow, (kCounts + ...)> all{};
+  std::size_t used = 0;
+  const auto add = [&](const auto& part) {
+    for (const FieldRow& row : part) all[used++] = row;
+  };
+  (add(parts), ...);
+  return all;
 }
 
 }  // namespace egfsvg

@@ -129,8 +129,9 @@ struct EGF_WIRE EgfArc {
 /// A figure of arcs, lines, polylines, curve chains and further paths, joined in order.
 struct EGF_WIRE EgfPath {
   _egf_obj head;
-  _mpl_spacerect_tag bounds;
-  std::uint32_t reserved40[5];
+  _mpl_spacerect_tag bounds;  ///< of all children, once `hasBounds` is not 0
+  std::uint32_t hasBounds;
+  std::uint32_t reserved44[4];
   std::uint32_t pathKind;
   std::uint32_t joinFlag;
   std::uint32_t gdiFillStyleNo;

@@ -12,7 +12,7 @@ extern "C" {
 /// that the host does not know.
 EGFHOST_API _egf_obj* EEL_AllocObject(int objClass, const char* file, int line);
 
-/// Frees an object, what it owns and its children. Null is allowed. The object must have no parent.
+/// Frees an object, what it owns and its children, and takes it from its parent. Null is allowed.
 EGFHOST_API void EEL_DestroyObject(_egf_obj* object);
 
 /// Stores a deep copy of the object as the parent's last child and grows the parent's rectangle.
@@ -26,7 +26,7 @@ EGFHOST_API int EEL_AppendObject(_egf_obj* parent, _egf_obj* object);
 /// children, no text, coordinates that are not finite. A tree block stands for its root.
 EGFHOST_API int EEL_GetObjectMer(_egf_obj* object, _mpl_spacerect_tag* mer, HostHandle map);
 
-/// Grows a rectangle so that it holds another. An all-zero one counts as empty, on both sides.
+/// Grows a rectangle so that it holds another. An all-zero one counts as empty and becomes a copy.
 EGFHOST_API void EEL_ExpandMer(_mpl_spacerect_tag* mer, const _mpl_spacerect_tag* other);
 
 /// Keeps the flags; bit 0x10 makes the group a link group, else it is none.

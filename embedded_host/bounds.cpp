@@ -1,0 +1,275 @@
+#include "embedded_host/bounds.h"
+
+#include <array>
+
+#include "embedded_host/fault.h"
+#include "embedded_host/layouts.h"
+#include "embedded_host/object_tree.h"
+#include "embedded_host/text_measure.h"
+#include "host/egf.h"
+#include "host/egf_bits.h"
+#include "host/egf_codes.h"
+#include "host/objects.h"
+
+namespace egfhost {
+
+namespace {
+
+using namespace egfsvg;
+
+std::size_t positive(std::int64_t count) { return count > 0 ? static_cast<std::size_t>(count) : 0; }
+
+void polygonBox(const _egf_obj* object, HostHandle, Box& box) {
+  const auto* record = as<EgfPolygon>(object);
+  const PointArray points = record->points;
+  const std::size_t count = points ? positive(record->pointCount) : 0;
+  if (CurveBits::get(record->pen.modeFlags) == 1) {
+    includeCurves(box, points.get(), count);
+  } else {
+    box.include(points.get(), count);
+  }
+}
+
+void ellipseBox(const _egf_obj* object, HostHandle, Box& box) {
+  const auto* record = as<EgfEllipse>(object);
+  const _mpl_spacept_tag center = record->center;
+  const _mpl_spacept_tag corner = record->radiusPt;
+  includeEllipse(box, center, double{corner.x} - center.x, double{corner.y} - center.y,
+                 record->pen.ellipseRotation, record->startAngle, record->endAngle);
+}
+
+void arcBox(const _egf_obj* object, HostHandle, Box& box) {
+  const auto* record = as<EgfArc>(object);
+  const _mpl_spacept_tag radii = record->radiusPt;
+  includeEllipse(box, record->center, radii.x, radii.y, 0, record->startAngle, record->endAngle);
+}
+
+void lineBox(const _egf_obj* object, HostHandle, Box& box) {
+  const auto* record = as<EgfLine>(object);
+  box.include(record->startPt);
+  box.include(record->endPt);
+}
+
+void arrowLineBox(const _egf_obj* object, HostHandle, Box& box) {
+  const auto* record = as<EgfArrowLine>(object);
+  box.include(record->startPt);
+  box.include(record->endPt);
+  Box heads;
+  for (const _mpl_spacept_tag& point : record->headPts) heads.include(point);
+  // Head points that were never set stand at the origin, all of them.
+  if (!isEmpty(heads.rect())) box.include(heads.rect());
+}
+
+void polylineBox(const _egf_obj* object, HostHandle, Box& box) {
+  const auto* record = as<EgfPolyline>(object);
+  const PointArray points = record->points;
+  box.include(points.get(), points ? record->pointCount : 0);
+}
+
+void textBox(const _egf_obj* object, HostHandle map, Box& box) {
+  const auto* record = as<EgfTextObject>(object);
+  includeText(box, record->parms, record->text.origin, record->text.textString.get(), map);
+}
+
+void annotationBox(const _egf_obj* object, HostHandle map, Box& box) {
+  const auto* record = as<EgfAnnotation>(object);
+  includeText(box, record->parms, record->origin, record->annotText.get(), map);
+}
+
+void cloudBox(const _egf_obj* object, HostHandle, Box& box) {
+  const auto* record = as<EgfCloud>(object);
+  box.include(record->corners, std::size(record->corners));
+  const PointArray outline = record->outline;
+  box.include(outline.get(), outline ? record->outlineCount : 0);
+}
+
+void diamondBox(const _egf_obj* object, HostHandle, Box& box) {
+  const auto* record = as<EgfDiamond>(object);
+  const PointArray points = record->points;
+  constexpr std::size_t kCorners = 4;
+  box.include(points.get(), points ? kCorners : 0);
+}
+
+void crossoutBox(const _egf_obj* object, HostHandle, Box& box) {
+  const auto* record = as<EgfCrossout>(object);
+  for (const _mpl_spacept_tag& point :
+       {record->startPt, record->endPt, record->startPt2, record->endPt2}) {
+    box.include(point);
+  }
+}
+
+void imageBox(const _egf_obj* object, HostHandle, Box& box) {
+  box.include(as<EgfImage>(object)->placement);
+}
+
+void opaqueBox(const _egf_obj* object, HostHandle, Box& box) {
+  box.include(as<EgfOpaqueObject>(object)->placement);
+}
+
+void stockObjectBox(const _egf_obj* object, HostHandle, Box& box) {
+  box.include(as<EgfStockObject>(object)->place);
+}
+
+void groupBox(const _egf_obj* object, HostHandle, Box& box) {
+  const auto* record = as<EgfGroup>(object);
+  if (record->firstChild && !isEmpty(record->groupMer)) box.include(record->groupMer);
+}
+
+void pathBox(const _egf_obj* object, HostHandle, Box& box) {
+  const auto* record = as<EgfPath>(object);
+  if (record->firstChild && record->hasBounds != 0) box.include(record->bounds);
+}
+
+struct BoundsRow {
+  std::int32_t objClass;
+  void (*include)(const _egf_obj*, HostHandle, Box&);
+  std::size_t slot;  // where the record keeps its rectangle, 0 when it does not
+};
+
+constexpr BoundsRow kBoundsRows[] = {
+    {kClassGroup, groupBox, 0},
+    {kClassBox, polygonBox, offsetof(EgfPolygon, bounds)},
+    {kClassArc, arcBox, 0},
+    {kClassLine, lineBox, 0},
+    {kClassEllipse, ellipseBox, 0},
+    {kClassArrowLine, arrowLineBox, 0},
+    {kClassPolyline, polylineBox, offsetof(EgfPolyline, bounds)},
+    {kClassPolygon, polygonBox, offsetof(EgfPolygon, bounds)},
+    {kClassText, textBox, offsetof(EgfTextObject, text.bounds)},
+    {kClassAnnotation, annotationBox, offsetof(EgfAnnotation, bounds)},
+    {kClassImage, imageBox, 0},
+    {kClassIcon, opaqueBox, 0},
+    {kClassBookmark, opaqueBox, 0},
+    {kClassStockObject, stockObjectBox, 0},
+    {kClassCloud, cloudBox, offsetof(EgfCloud, bounds)},
+    {kClassDiamond, diamondBox, offsetof(EgfDiamond, bounds)},
+    {kClassCrossout, crossoutBox, offsetof(EgfCrossout, bounds)},
+    {kClassMetafile, opaqueBox, 0},
+    {kClassPath, pathBox, 0},
+    {kClassComplexLine, opaqueBox, 0},
+    {kClassRegion, opaqueBox, 0},
+    {kClassCopy, opaqueBox, 0},
+};
+
+// The rows by layout class; a hotspot's data has no place, and so no row.
+consteval std::array<BoundsRow, kLayoutCount> rowsByClass() {
+  std::array<BoundsRow, kLayoutCount> rows{};
+  for (const BoundsRow& row : kBoundsRows) rows[static_cast<std::size_t>(row.objClass)] = row;
+  return rows;
+}
+
+constexpr std::array<BoundsRow, kLayoutCount> kBoundsByClass = rowsByClass();
+
+_mpl_spacerect_tag unionOf(_mpl_spacerect_tag a, _mpl_spacerect_tag b) {
+  return {std::min<float>(a.left, b.left), std::max<float>(a.right, b.right),
+          std::min<float>(a.top, b.top), std::max<float>(a.bottom, b.bottom)};
+}
+
+void growPath(EgfPath* path, _mpl_spacerect_tag bounds) {
+  path->bounds = path->hasBounds != 0 ? unionOf(path->bounds, bounds) : bounds;
+  path->hasBounds = 1;
+}
+
+// Texts are measured once: the rectangle that they keep holds until it is recomputed.
+bool keptTextBounds(const _egf_obj* object, std::size_t slot, _mpl_spacerect_tag* bounds) {
+  if (object->layoutClass != kClassText && object->layoutClass != kClassAnnotation) return false;
+  *bounds = readPacked<_mpl_spacerect_tag>(object, slot);
+  return !isEmpty(*bounds);
+}
+
+bool computeBounds(const _egf_obj* object, const BoundsRow& row, HostHandle map,
+                   _mpl_spacerect_tag* bounds) {
+  *bounds = {};
+  if (row.include == nullptr) return false;
+  Box box;
+  row.include(object, map, box);
+  if (!box.isUsable()) return false;
+  *bounds = box.rect();
+  return true;
+}
+
+const BoundsRow& rowOf(const _egf_obj* object) { return kBoundsByClass[object->layoutClass]; }
+
+}  // namespace
+
+bool boundsOf(const _egf_obj* object, HostHandle map, _mpl_spacerect_tag* bounds) {
+  const BoundsRow& row = rowOf(object);
+  return keptTextBounds(object, row.slot, bounds) || computeBounds(object, row, map, bounds);
+}
+
+bool refreshBounds(_egf_obj* object, HostHandle map) {
+  const BoundsRow& row = rowOf(object);
+  _mpl_spacerect_tag bounds;
+  const bool usable = computeBounds(object, row, map, &bounds);
+  if (row.slot != 0) writePacked(object, row.slot, bounds);
+  return usable;
+}
+
+void growContainer(_egf_obj* container, const _egf_obj* child, HostHandle map) {
+  _mpl_spacerect_tag bounds;
+  if (!boundsOf(child, map, &bounds)) return;
+  if (container->layoutClass == kClassPath) {
+    growPath(as<EgfPath>(container), bounds);
+  } else {
+    _mpl_spacerect_tag mer = as<EgfGroup>(container)->groupMer;
+    EEL_ExpandMer(&mer, &bounds);
+    as<EgfGroup>(container)->groupMer = mer;
+  }
+}
+
+void refreshContainer(_egf_obj* container, HostHandle map) {
+  if (container->layoutClass == kClassPath) {
+    as<EgfPath>(container)->hasBounds = 0;
+    as<EgfPath>(container)->bounds = {};
+  } else {
+    as<EgfGroup>(container)->groupMer = {};
+  }
+  for (const _egf_obj* at = firstChildOf(container); at != nullptr; at = at->next.get()) {
+    growContainer(container, at, map);
+  }
+}
+
+}  // namespace egfhost
+
+namespace {
+
+constexpr int kNone = -1;
+
+int recompute(_egf_obj* object, HostHandle map) {
+  return object != nullptr && egfhost::refreshBounds(object, map) ? 0 : kNone;
+}
+
+// A tree block in the place of an object stands for its root: no object class is that large.
+_egf_obj* objectOrRoot(_egf_obj* object) {
+  using namespace egfsvg;
+  if ((object->objClass >> kHeaderSizeShift) != (kTreeBlockWord >> kHeaderSizeShift)) return object;
+  return blockBody<EgfTreeBody>(reinterpret_cast<EgfBlockHeader*>(object))->root.get();
+}
+
+}  // namespace
+
+extern "C" {
+
+int EEL_GetObjectMer(_egf_obj* object, _mpl_spacerect_tag* mer, HostHandle map) {
+  if (mer == nullptr) return kNone;
+  *mer = {};
+  if (egfhost::faultFails(egfhost::FaultCall::EEL_GetObjectMer) || object == nullptr) return kNone;
+  const _egf_obj* measured = objectOrRoot(object);
+  return measured != nullptr && egfhost::boundsOf(measured, map, mer) ? 0 : kNone;
+}
+
+void EEL_ExpandMer(_mpl_spacerect_tag* mer, const _mpl_spacerect_tag* other) {
+  if (mer == nullptr || other == nullptr) return;
+  *mer = egfhost::isEmpty(*mer) ? *other : egfhost::unionOf(*mer, *other);
+}
+
+int EGF_CalcPolygonMer(_egf_obj* object, HostHandle map) { return recompute(object, map); }
+int EGF_CalcPolylineMer(_egf_obj* object, HostHandle map) { return recompute(object, map); }
+int EGF_CalcTextMer(_egf_obj* object, HostHandle map) { return recompute(object, map); }
+int EGF_CalcAnnotnMer(_egf_obj* object, HostHandle map) { return recompute(object, map); }
+
+int EGF_CalcEllipseMer(const _mpl_spacerect_tag* /*bounds*/, _egf_obj* object) {
+  return recompute(object, 0);
+}
+
+}  // extern "C"

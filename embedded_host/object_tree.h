@@ -1,0 +1,50 @@
+// Links between objects: children, siblings, parents. Nothing here recurses, so that a tree may be
+// as deep as memory allows.
+#pragma once
+
+#include "embedded_host/layouts.h"
+#include "host/wire.h"
+
+namespace egfhost {
+
+using ObjectLink = ref32<_egf_obj>;
+
+inline bool isContainer(const _egf_obj* object) { return layoutOf(object).childOffset != 0; }
+
+inline _egf_obj* firstChildOf(const _egf_obj* object) {
+  const std::uint16_t offset = layoutOf(object).childOffset;
+  return offset == 0 ? nullptr : egfsvg::readPacked<ObjectLink>(object, offset).get();
+}
+
+inline _egf_obj* lastChildOf(const _egf_obj* object) {
+  const std::uint16_t offset = layoutOf(object).childOffset;
+  return offset == 0 ? nullptr
+                     : egfsvg::readPacked<ObjectLink>(object, offset + sizeof(ObjectLink)).get();
+}
+
+// Both links of a container; null ends an empty one.
+inline void setChildren(_egf_obj* container, _egf_obj* first, _egf_obj* last) {
+  const std::uint16_t offset = layoutOf(container).childOffset;
+  egfsvg::writePacked(container, offset, ObjectLink::of(first));
+  egfsvg::writePacked(container, offset + sizeof(ObjectLink), ObjectLink::of(last));
+}
+
+// Makes a loose object the last child of a container.
+void linkLast(_egf_obj* container, _egf_obj* child);
+
+// Takes an object from its parent; a loose one stays as it is.
+void unlink(_egf_obj* object);
+
+// Puts a loose object in the place of a child, which becomes loose.
+void replaceChild(_egf_obj* child, _egf_obj* replacement);
+
+// The object after `at` in the order of drawing, within the tree of `root`; null at its end.
+_egf_obj* nextInTree(const _egf_obj* root, _egf_obj* at);
+
+// A loose deep copy; null when memory is short.
+_egf_obj* copyObject(const _egf_obj* object);
+
+// Frees a loose object with all it owns.
+void freeObject(_egf_obj* object) noexcept;
+
+}  // namespace egfhost
