@@ -6,6 +6,7 @@
 
 #include "host/settings.h"
 #include "model/values.h"
+#include "reader/rule_forms.h"
 
 namespace egfsvg {
 
@@ -62,10 +63,10 @@ struct ReaderState {
   bool outOfMemory = false;             // an allocation failed: the read ends with that
   bool callbackStopped = false;         // a callback inside a nested enumeration returned 0
   bool reporting = false;               // what is dropped is logged: set in the second pass
-  int localStyleDepth = 0;              // style attributes being applied
   std::int32_t gaugeThreshold = 0;      // file index below which the gauge cannot move
   SpareBlocks values;                   // value blocks of attribute pairs
   SpareBlocks objects;                  // envelopes with their records
+  RuleForms ruleForms;                  // selectors that the style table holds
 };
 
 /// An attribute pair whose value block is lent by the reader.

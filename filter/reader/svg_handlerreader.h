@@ -117,7 +117,7 @@ class CHandlerReader {
   void CopyOwnerTransformList(_svg_common* element);
   void CopyTransformList(_svg_common* to, const _svg_common* from);
 
-  // Attribute dispatch (svg_setatt.cpp and set_*_attribute.cpp).
+  // Attribute dispatch (svg_setatt.cpp and set_*_attributes.cpp).
   int SetSVGAttribute(_svg_svg* record, int attType, _svg_attrib_pair* pair);
   int SetGroupAttribute(_svg_group* record, int attType, _svg_attrib_pair* pair);
   int SetDefsAttribute(_svg_defs* record, int attType, _svg_attrib_pair* pair);
@@ -137,7 +137,8 @@ class CHandlerReader {
   int SetStyleTagAttribute(_svg_style_props* record, int attType, _svg_attrib_pair* pair);
   int SetStyleTagPresentationAtt(_svg_style_props* record, int attType, _svg_attrib_pair* pair);
 
-  // Values (attribute_values.cpp, viewports.cpp, points.cpp).
+  // Values (attribute_values.cpp, attribute_texts.cpp, attribute_keywords.cpp, viewports.cpp,
+  // points.cpp, transforms.cpp).
   int ParseValue(_svg_value* out, const char* text);
   int ParseAngle(_svg_angle* out, const char* text);
   int SetValueAtt(_svg_value* out, _svg_attrib_pair* pair);
@@ -173,13 +174,16 @@ class CHandlerReader {
   // Presentation properties (presentation_*.cpp), paints (paints.cpp).
 #include "reader/presentation_setters.inc"
 
+  // Path data (path_data.cpp).
+  int SetPathAtt(_svg_path* path, const char* d);
+
   // Classes, style attributes, sheets and entities (svg_style.cpp, css_*.cpp).
   int SetClassNameAtt(_svg_common* head, _svg_attrib_pair* pair);
   int SetLocalStyleAtt(void* element, char* value, int type);
   int SkipCSScomment(const char* text, int index);
   int SkipCSScomment(char* current, cBuffer* source);
 
-  // The cascade (cascade.cpp, selectors.cpp, inheritance.cpp).
+  // The cascade (cascade.cpp, selectors.cpp, inheritance.cpp, text_inheritance.cpp).
   int SetAttribute(void* element, int type, AttNode* node);
   int SetStyleBasedOnTypeSelector(void* element, int type);
   int SetStyleBasedOnIDSelector(void* element, int type, const char* id);
@@ -195,4 +199,5 @@ class CHandlerReader {
   int CopyLocalStyle(_svg_pa& source, void* group, int groupCode);
   int SetInheritedProperty(_svg_common* parent, void* group, int groupCode, int attCode);
   int _getParentPA(_svg_common* parent, _svg_pa** result);
+  int InheritStyleAndTransformFromText(_svg_text* child, _svg_text* parent);
 };

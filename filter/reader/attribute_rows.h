@@ -1,0 +1,139 @@
+// What an element makes of its attributes, as data: one row an element kind, in which each
+// attribute code leads to its action at once.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+#include "model/codes.h"
+#include "reader/element_layout.h"
+#include "reader/svg_handlerreader.h"
+
+namespace egfsvg {
+
+/// Attribute codes from 0 to the last.
+inline constexpr std::size_t kAttributeCodes = kAttOnLoad + 1;
+
+/// The record is the element's own; the pair has a value.
+using AttributeAction = void (*)(CHandlerReader& reader, void* record, _svg_attrib_pair* pair);
+
+struct ActionRow {
+  std::int32_t code;
+  AttributeAction run;
+};
+
+/// Presentation codes from the first to the last.
+struct CodeRange {
+  std::int32_t first;
+  std::int32_t last;
+};
+
+class ElementRow {
+ public:
+  constexpr ElementRow(GroupOffsets groups, std::span<const CodeRange> presentation,
+                       std::span<const ActionRow> common, std::span<const ActionRow> own)
+      : groups_(groups), common_(common), own_(own) {
+    for (const CodeRange& range : presentation) {
+      for (std::int32_t code = range.first; code <= range.last; ++code) {
+        slots_[static_cast<std::size_t>(code)] = kPresentationSlot;
+      }
+    }
+    std::uint8_t slot = 0;
+    for (const ActionRow& row : common) slots_[static_cast<std::size_t>(row.code)] = ++slot;
+    for (const ActionRow& row : own) slots_[static_cast<std::size_t>(row.code)] = ++slot;
+  }
+
+  /// Does what the code asks for; codes that the element does not accept do nothing.
+  void apply(CHandlerReader& reader, void* record, std::int32_t code, _svg_attrib_pair* pair) const;
+
+ private:
+  static constexpr std::uint8_t kPresentationSlot = 255;
+
+  GroupOffsets groups_;
+  std::span<const ActionRow> common_;
+  std::span<const ActionRow> own_;
+  std::array<std::uint8_t, kAttributeCodes> slots_{};  // 0: not accepted
+};
+
+/// The setters' shared body.
+template <class Record>
+int applyAttribute(CHandlerReader& reader, const ElementRow& row, Record* record, int code,
+                   _svg_attrib_pair* pair) {
+  if (record != nullptr && pair != nullptr && pair->value != nullptr) {
+    row.apply(reader, record, code, pair);
+  }
+  return 0;
+}
+
+/// Actions that every element shares.
+void setIdentifier(CHandlerReader& reader, void* record, _svg_attrib_pair* pair);
+void setDescription(CHandlerReader& reader, void* record, _svg_attrib_pair* pair);
+void setExternalResources(CHandlerReader& reader, void* record, _svg_attrib_pair* pair);
+void setClass(CHandlerReader& reader, void* record, _svg_attrib_pair* pair);
+void setTransform(CHandlerReader& reader, void* record, _svg_attrib_pair* pair);
+
+/// The style attribute, applied as that of an element of a tag code.
+template <std::int32_t Type>
+void setStyle(CHandlerReader& reader, void* record, _svg_attrib_pair* pair) {
+  reader.SetLocalStyleAtt(record, pair->value, Type);
+}
+/// The same with the record's own type.
+void setOwnStyle(CHandlerReader& reader, void* record, _svg_attrib_pair* pair);
+
+template <class Record>
+void setRequiredFeatures(CHandlerReader& reader, void* record, _svg_attrib_pair* pair) {
+  reader.SetRequiredFeaturesAtt(&static_cast<Record*>(record)->ta.requiredFeatures, pair);
+}
+template <class Record>
+void setRequiredExtensions(CHandlerReader& reader, void* record, _svg_attrib_pair* pair) {
+  reader.SetRequiredExtensionsAtt(&static_cast<Record*>(record)->ta.requiredExtensions, pair);
+}
+template <class Record>
+void setSystemLanguage(CHandlerReader& reader, void* record, _svg_attrib_pair* pair) {
+  reader.SetSystemLanguageAtt(&static_cast<Record*>(record)->ta.systemLanguage, pair);
+}
+
+/// Attributes of every element that can stand in a switch.
+template <class Record, AttributeAction Style>
+inline constexpr ActionRow kElementActions[] = {
+    {kAttId, setIdentifier},
+    {kAttDesc, setDescription},
+    {kAttExternalResourcesRequired, setExternalResources},
+    {kAttClass, setClass},
+    {kAttStyle, Style},
+    {kAttTransform, setTransform},
+    {kAttRequiredFeatures, setRequiredFeatures<Record>},
+    {kAttRequiredExtensions, setRequiredExtensions<Record>},
+    {kAttSystemLanguage, setSystemLanguage<Record>}};
+
+template <class Record>
+Record* recordOf(_svg_value Record::*, void* record) {
+  return static_cast<Record*>(record);
+}
+
+/// A length of the record.
+template <auto Field>
+void setLength(CHandlerReader& reader, void* record, _svg_attrib_pair* pair) {
+  reader.SetValueAtt(&(recordOf(Field, record)->*Field), pair);
+}
+
+template <class Record>
+void setLink(CHandlerReader& reader, void* record, _svg_attrib_pair* pair) {
+  reader.SetLinkAtt(&static_cast<Record*>(record)->link, pair);
+}
+
+/// The properties of an image, and of the style attribute of a link.
+inline constexpr CodeRange kImageProperties[] = {{kAttClip, kAttOpacity},
+                                                 {kAttFilter, kAttFilter},
+                                                 {kAttPointerEvents, kAttColorRendering},
+                                                 {kAttImageRendering, kAttImageRendering},
+                                                 {kAttShapeRendering, kAttShapeRendering}};
+
+/// What the style attributes of `a` and `switch` may set: the properties of an image and of an
+/// svg, in the records' own fields.
+extern const ElementRow kLinkStyleRow;
+extern const ElementRow kSwitchStyleRow;
+
+}  // namespace egfsvg

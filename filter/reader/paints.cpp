@@ -1,0 +1,225 @@
+// Colours, and the two paints: a colour, "none", or a reference to a gradient.
+
+#include "reader/paints.h"
+
+#include <algorithm>
+#include <charconv>
+
+#include "model/characters.h"
+#include "model/name_tables.h"
+#include "model/numbers.h"
+
+namespace egfsvg {
+
+namespace {
+
+constexpr int kChannels = 3;
+constexpr int kChannelMax = 255;
+constexpr std::size_t kFunctionSize = 3;  // of "url" and "rgb"
+
+bool startsWith(const char* text, const char* word) {
+  for (; *word != '\0'; ++text, ++word) {
+    if (lower(*text) != *word) return false;
+  }
+  return true;
+}
+
+/// The hexadecimal digit, or -1.
+int hexDigit(char c) {
+  constexpr int kTen = 10;
+  if (isDigit(c)) return c - '0';
+  const char letter = lower(c);
+  return letter >= 'a' && letter <= 'f' ? letter - 'a' + kTen : -1;
+}
+
+/// Two digits, or as many as stand there; -1 when the first byte is none.
+int hexPair(const char* text) {
+  constexpr int kBase = 16;
+  const int first = hexDigit(text[0]);
+  if (first < 0) return -1;
+  const int second = hexDigit(text[1]);
+  return second < 0 ? first : first * kBase + second;
+}
+
+int doubledHexDigit(const char* text) {
+  constexpr int kTwice = 17;  // 0xd becomes 0xdd
+  const int digit = hexDigit(text[0]);
+  return digit < 0 ? -1 : digit * kTwice;
+}
+
+/// "#rgb" or "#rrggbb"; false where a channel does not scan. The channels before it are stored.
+bool readHexColor(const char* text, int* const (&channels)[kChannels]) {
+  constexpr std::size_t kShortSize = 4;
+  const bool isLong = std::strlen(text) > kShortSize;
+  const char* at = text + 1;
+  for (int* channel : channels) {
+    const int value = isLong ? hexPair(at) : doubledHexDigit(at);
+    if (value < 0) return false;
+    *channel = value;
+    at += isLong ? 2 : 1;
+  }
+  return true;
+}
+
+/// A component of rgb(); moves behind it. What is not there is 0.
+int readComponent(const char*& at) {
+  // Kept: a percentage above the range is 0, and 100% is 254, since 2.55 lies just under 2.55.
+  constexpr double kPerPercent = 2.55;
+  while (*at != '\0' && *at != '-' && !isDigit(*at)) ++at;
+  const char* first = at;
+  if (*at == '-') ++at;
+  while (*at == '.' || isDigit(*at)) ++at;
+  int value = saturatingInteger(first, at);
+  if (*at == '%') {
+    value = truncated<int>(value * kPerPercent);
+    if (value > kChannelMax) value = 0;
+  }
+  return value < 0 ? 0 : value > kChannelMax ? kChannelMax : value;
+}
+
+/// Black and white change places.
+void exchangeBlackAndWhite(int& red, int& green, int& blue) {
+  if (red == 0 && green == 0 && blue == 0) {
+    red = green = blue = kChannelMax;
+  } else if (red == kChannelMax && green == kChannelMax && blue == kChannelMax) {
+    red = green = blue = 0;
+  }
+}
+
+bool isReference(const char* value) { return startsWith(value, "url"); }
+
+/// What stands in the brackets of "url(...)", without further brackets and blanks; null without
+/// memory.
+char* referenceText(const char* value) {
+  const char* at = value + kFunctionSize;
+  char* text = allocateArray<char>(std::strlen(at) + 1, RMM_SITE);
+  if (text == nullptr) return nullptr;
+  char* out = text;
+  for (; *at != '\0' && *at != ')'; ++at) {
+    if (*at != '(' && *at != ' ') *out++ = *at;
+  }
+  *out = '\0';
+  return text;
+}
+
+/// Replaces the reference of a paint; the gradient is null when none is found.
+void setReference(const Map<_svg_gradient>& gradients, const char* value, char*& url,
+                  _svg_gradient*& gradient) {
+  char* text = referenceText(value);
+  freeAll(url);
+  url = text;
+  gradient = text == nullptr ? nullptr : gradients.find(text);
+}
+
+/// A stored colour as "rgb(r,g,b)", with black and white in their places again.
+class RgbText {
+ public:
+  explicit RgbText(_svg_color color) {
+    exchangeBlackAndWhite(color.red, color.green, color.blue);
+    add("rgb(");
+    for (std::int32_t channel : {color.red, color.green, color.blue}) {
+      end_ = std::to_chars(end_, text_ + sizeof text_, channel).ptr;
+      add(",");
+    }
+    end_[-1] = ')';
+    *end_ = '\0';
+  }
+  const char* c_str() const { return text_; }
+  std::size_t length() const { return static_cast<std::size_t>(end_ - text_); }
+
+ private:
+  void add(std::string_view part) { end_ = std::copy(part.begin(), part.end(), end_); }
+
+  char text_[48];  // three integers of any size
+  char* end_ = text_;
+};
+
+}  // namespace
+
+CurrentColor::CurrentColor(CHandlerReader& reader, _svg_pa_graphics* group, _svg_attrib_pair* pair)
+    : pair_(pair) {
+  if (group == nullptr || !hasValue(pair) || !equalsNoCase(pair->value, "currentcolor")) return;
+  std::memcpy(text_, pair->value, std::strlen(pair->value) + 1);
+  local_.name[0] = '\0';
+  local_.value = text_;
+  local_.valueSize = sizeof text_;
+  pair_ = &local_;
+  reader.SetCurrentColorToAttribute(group, pair_);
+}
+
+}  // namespace egfsvg
+
+int CHandlerReader::GetSVGColorPatt(int& red, int& green, int& blue, _svg_attrib_pair* pair) {
+  using namespace egfsvg;
+  if (!hasValue(pair)) return 0;
+  int* const channels[kChannels] = {&red, &green, &blue};
+  const char* at = pair->value;
+  if (*at == '#') {
+    if (!readHexColor(at, channels)) return -1;
+  } else if (startsWith(at, "rgb")) {
+    for (int* channel : channels) *channel = readComponent(at);
+  } else {
+    const int row = colorRow(at);
+    red = row < 0 ? kSvgBlack.red : SVG_COLOR_RED[row];
+    green = row < 0 ? kSvgBlack.green : SVG_COLOR_GREEN[row];
+    blue = row < 0 ? kSvgBlack.blue : SVG_COLOR_BLUE[row];
+    return 0;
+  }
+  exchangeBlackAndWhite(red, green, blue);
+  return 0;
+}
+
+int CHandlerReader::SetCurrentColorToAttribute(_svg_pa_graphics* group, _svg_attrib_pair* pair) {
+  using namespace egfsvg;
+  if (group == nullptr || !hasValue(pair) || !equalsNoCase(pair->value, "currentcolor")) return 0;
+  const RgbText text(group->color);
+  if (text.length() < static_cast<std::size_t>(pair->valueSize)) {
+    std::memcpy(pair->value, text.c_str(), text.length() + 1);
+  }
+  return 0;
+}
+
+int CHandlerReader::SetColorPatt(_svg_pa_graphics* group, _svg_attrib_pair* pair) {
+  return egfsvg::setColor(*this, &_svg_pa_graphics::color, group, pair);
+}
+
+// Kept: a colour undoes a fill-opacity of 0 that stands before it.
+int CHandlerReader::SetFillPatt(_svg_pa_fill* group, _svg_attrib_pair* pair) {
+  using namespace egfsvg;
+  if (group == nullptr || !hasValue(pair) || isInherit(pair)) return 0;
+  if (isReference(pair->value)) {
+    setReference(gradients, pair->value, group->fillUrl, group->fillGradient);
+    if (group->fillGradient == nullptr) group->fillOpacity = 0.0;
+    if (group->fillGradient != nullptr && group->fillOpacity == 0.0) group->fillOpacity = 1.0;
+    return 0;
+  }
+  freeAll(group->fillUrl);
+  group->fillGradient = nullptr;
+  if (equalsNoCase(pair->value, "none")) {
+    group->fillOpacity = 0.0;
+    return 0;
+  }
+  group->fillColor = parseColor(*this, pair);
+  if (group->fillOpacity == 0.0) group->fillOpacity = 1.0;
+  return 0;
+}
+
+// A reference strokes whether or not its gradient is found.
+int CHandlerReader::SetStrokePatt(_svg_pa_stroke* group, _svg_attrib_pair* pair) {
+  using namespace egfsvg;
+  if (group == nullptr || !hasValue(pair) || isInherit(pair)) return 0;
+  if (isReference(pair->value)) {
+    setReference(gradients, pair->value, group->strokeUrl, group->strokeGradient);
+    group->strokePresent = 1;
+    return 0;
+  }
+  freeAll(group->strokeUrl);
+  group->strokeGradient = nullptr;
+  group->strokePresent = equalsNoCase(pair->value, "none") ? 0 : 1;
+  group->strokeColor = parseColor(*this, pair);
+  return 0;
+}
+
+int CHandlerReader::SetFillOpacityPatt(_svg_pa_fill* group, _svg_attrib_pair* pair) {
+  return egfsvg::setNumber(&_svg_pa_fill::fillOpacity, group, pair);
+}

@@ -1,0 +1,124 @@
+// Attributes of the basic shapes and of paths.
+
+#include "reader/attribute_rows.h"
+
+namespace egfsvg {
+
+namespace {
+
+using Reader = CHandlerReader;
+using Pair = _svg_attrib_pair;
+
+constexpr CodeRange kFilledShape[] = {{kAttColor, kAttDisplay},
+                                      {kAttVisibility, kAttOpacity},
+                                      {kAttFilter, kAttFilter},
+                                      {kAttPointerEvents, kAttColorInterpolation},
+                                      {kAttColorRendering, kAttImageRendering},
+                                      {kAttShapeRendering, kAttTextRendering}};
+
+// The same and the markers.
+constexpr CodeRange kMarkedShape[] = {{kAttColor, kAttDisplay},
+                                      {kAttVisibility, kAttOpacity},
+                                      {kAttFilter, kAttFilter},
+                                      {kAttPointerEvents, kAttColorInterpolation},
+                                      {kAttColorRendering, kAttImageRendering},
+                                      {kAttMarkerMid, kAttTextRendering}};
+
+// Kept: the last of rx and ry sets both.
+template <_svg_value _svg_rect::*First, _svg_value _svg_rect::*Second>
+void setRadii(Reader& reader, void* record, Pair* pair) {
+  auto* rect = static_cast<_svg_rect*>(record);
+  reader.SetValueAtt(&(rect->*First), pair);
+  reader.SetValueAtt(&(rect->*Second), pair);
+}
+
+// Kept: rules for an attribute are asked for here alone.
+void setCircleTransform(Reader& reader, void* record, Pair* pair) {
+  auto* head = static_cast<_svg_common*>(record);
+  reader.SetTransformAtt(head, pair);
+  reader.SetStyleBasedOnAttribSelector(record, head->type, pair);
+}
+
+template <class Record>
+void setPoints(Reader& reader, void* record, Pair* pair) {
+  auto* shape = static_cast<Record*>(record);
+  int count = 0;
+  _svg_point* points = reader.SetPointsAtt(&count, pair);
+  freeAll(shape->points);
+  shape->points = points;
+  shape->pointCount = count;
+}
+
+void setPathData(Reader& reader, void* record, Pair* pair) {
+  reader.SetPathAtt(static_cast<_svg_path*>(record), pair->value);
+}
+
+constexpr ActionRow kRectActions[] = {{kAttX, setLength<&_svg_rect::x>},
+                                      {kAttY, setLength<&_svg_rect::y>},
+                                      {kAttWidth, setLength<&_svg_rect::width>},
+                                      {kAttHeight, setLength<&_svg_rect::height>},
+                                      {kAttRx, setRadii<&_svg_rect::rx, &_svg_rect::ry>},
+                                      {kAttRy, setRadii<&_svg_rect::ry, &_svg_rect::rx>}};
+constexpr ActionRow kCircleActions[] = {{kAttTransform, setCircleTransform},
+                                        {kAttR, setLength<&_svg_circle::r>},
+                                        {kAttCx, setLength<&_svg_circle::cx>},
+                                        {kAttCy, setLength<&_svg_circle::cy>}};
+constexpr ActionRow kEllipseActions[] = {{kAttRx, setLength<&_svg_ellipse::rx>},
+                                         {kAttRy, setLength<&_svg_ellipse::ry>},
+                                         {kAttCx, setLength<&_svg_ellipse::cx>},
+                                         {kAttCy, setLength<&_svg_ellipse::cy>}};
+constexpr ActionRow kLineActions[] = {{kAttX1, setLength<&_svg_line::x1>},
+                                      {kAttY1, setLength<&_svg_line::y1>},
+                                      {kAttX2, setLength<&_svg_line::x2>},
+                                      {kAttY2, setLength<&_svg_line::y2>}};
+constexpr ActionRow kPolylineActions[] = {{kAttPoints, setPoints<_svg_polyline>}};
+constexpr ActionRow kPolygonActions[] = {{kAttPoints, setPoints<_svg_polygon>}};
+constexpr ActionRow kPathActions[] = {{kAttD, setPathData}};
+
+template <class Record, std::int32_t Type>
+constexpr ElementRow shapeRow(std::span<const CodeRange> presentation,
+                              std::span<const ActionRow> own) {
+  return {GroupOffsets::of<Record>(), presentation, kElementActions<Record, setStyle<Type>>, own};
+}
+
+constexpr ElementRow kRect = shapeRow<_svg_rect, kTagRect>(kFilledShape, kRectActions);
+constexpr ElementRow kCircle = shapeRow<_svg_circle, kTagCircle>(kFilledShape, kCircleActions);
+constexpr ElementRow kEllipse = shapeRow<_svg_ellipse, kTagEllipse>(kFilledShape, kEllipseActions);
+constexpr ElementRow kLine = shapeRow<_svg_line, kTagLine>(kMarkedShape, kLineActions);
+constexpr ElementRow kPolyline =
+    shapeRow<_svg_polyline, kTagPolyline>(kMarkedShape, kPolylineActions);
+constexpr ElementRow kPolygon = shapeRow<_svg_polygon, kTagPolygon>(kMarkedShape, kPolygonActions);
+constexpr ElementRow kPath = shapeRow<_svg_path, kTagPath>(kMarkedShape, kPathActions);
+
+}  // namespace
+
+}  // namespace egfsvg
+
+int CHandlerReader::SetRectAttribute(_svg_rect* record, int attType, _svg_attrib_pair* pair) {
+  return egfsvg::applyAttribute(*this, egfsvg::kRect, record, attType, pair);
+}
+
+int CHandlerReader::SetCircleAttribute(_svg_circle* record, int attType, _svg_attrib_pair* pair) {
+  return egfsvg::applyAttribute(*this, egfsvg::kCircle, record, attType, pair);
+}
+
+int CHandlerReader::SetEllipseAttribute(_svg_ellipse* record, int attType, _svg_attrib_pair* pair) {
+  return egfsvg::applyAttribute(*this, egfsvg::kEllipse, record, attType, pair);
+}
+
+int CHandlerReader::SetLineAttribute(_svg_line* record, int attType, _svg_attrib_pair* pair) {
+  return egfsvg::applyAttribute(*this, egfsvg::kLine, record, attType, pair);
+}
+
+int CHandlerReader::SetPolylineAttribute(_svg_polyline* record, int attType,
+                                         _svg_attrib_pair* pair) {
+  return egfsvg::applyAttribute(*this, egfsvg::kPolyline, record, attType, pair);
+}
+
+int CHandlerReader::SetPolygonAttribute(_svg_polygon* record, int attType, _svg_attrib_pair* pair) {
+  return egfsvg::applyAttribute(*this, egfsvg::kPolygon, record, attType, pair);
+}
+
+int CHandlerReader::SetPathAttribute(_svg_path* record, int attType, _svg_attrib_pair* pair) {
+  return egfsvg::applyAttribute(*this, egfsvg::kPath, record, attType, pair);
+}

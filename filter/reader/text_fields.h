@@ -1,0 +1,32 @@
+// Owned text fields of records.
+#pragma once
+
+#include "model/rmm_allocator.h"
+#include "model/values.h"
+
+namespace egfsvg {
+
+/// Stores a copy of the pair's value and frees the old text. Without memory the value is dropped
+/// and the old text stays.
+inline int replaceText(char** field, const _svg_attrib_pair* pair) {
+  if (field == nullptr || pair == nullptr || pair->value == nullptr) return 0;
+  char* copy = duplicateText(pair->value, RMM_SITE);
+  if (copy == nullptr) return 0;
+  freeAll(*field);
+  *field = copy;
+  return 0;
+}
+
+/// The same, but a text that is there stays.
+inline int keepFirstText(char** field, const _svg_attrib_pair* pair) {
+  return field == nullptr || *field != nullptr ? 0 : replaceText(field, pair);
+}
+
+/// Makes a field a copy of another record's text; null makes it null.
+inline void copyText(char*& field, const char* text) {
+  char* copy = text == nullptr ? nullptr : duplicateText(text, RMM_SITE);
+  freeAll(field);
+  field = copy;
+}
+
+}  // namespace egfsvg
