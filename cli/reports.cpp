@@ -1,0 +1,109 @@
+#include "cli/reports.h"
+
+#include <unistd.h>
+
+#include <array>
+
+#include "embedded_host/host_messages.h"
+
+namespace egfsvg {
+namespace {
+
+// Warnings of one drawing that are printed; the rest is counted.
+constexpr std::uint64_t kMostLines = 50;
+// Different warnings that are remembered, so that each is printed once.
+constexpr std::size_t kMostRemembered = 10000;
+
+struct LimitRow {
+  Diagnostic limit;
+  const char* option;
+};
+
+constexpr std::array<LimitRow, 4> kLimitOptions{{
+    {Diagnostic::kNestingLimit, "--max-nesting"},
+    {Diagnostic::kReferenceDepthLimit, "--max-reference-depth"},
+    {Diagnostic::kReferencedObjectsLimit, "--max-referenced-objects"},
+    {Diagnostic::kSourceBytesLimit, "--max-source-bytes"},
+}};
+
+std::string inWords(int number, std::string_view argument) {
+  return egfhost::messageText(number, argument);
+}
+
+}  // namespace
+
+void sayLine(const std::string& text) {
+  const std::string line = "egfsvg: " + text + "\n";
+  // One write, so that lines of several processes do not mix.
+  [[maybe_unused]] const ssize_t written = ::write(STDERR_FILENO, line.data(), line.size());
+}
+
+const char* limitOption(Diagnostic limit) {
+  for (const LimitRow& row : kLimitOptions) {
+    if (row.limit == limit) return row.option;
+  }
+  return nullptr;
+}
+
+Reports::Reports(std::string name, const std::string& path, bool quiet)
+    : name_(std::move(name)), lines_(path), quiet_(quiet) {
+  egfhost::setMessageListener([this](const egfhost::Message& message) { take(message); });
+}
+
+Reports::~Reports() { egfhost::setMessageListener({}); }
+
+void Reports::finish() {
+  if (heldBack_ > 0 && !quiet_) {
+    sayLine(name_ + ": " + std::to_string(heldBack_) + " more warnings; --quiet hides them all");
+  }
+  heldBack_ = 0;
+}
+
+void Reports::take(const egfhost::Message& message) {
+  if (message.kind == egfhost::MessageKind::kNotice) return warn(name_ + ": " + message.text);
+  ++counts_[message.number];
+  if (diagnosticRow(message.number) == nullptr) {
+    return warn(name_ + ": warning: " + inWords(message.number, message.text));
+  }
+  const egfhost::DiagnosticText parts = egfhost::splitDiagnosticText(message.text);
+  const std::string words = inWords(message.number, parts.subject);
+  endedEarly_ = endedEarly_ || isEarlyEndDiagnostic(message.number);
+  if (isLimitDiagnostic(message.number)) {
+    return takeLimit(message.number, placed(parts.offset) + words);
+  }
+  // The same thing is told once, where it was first met.
+  if (said_.size() < kMostRemembered && !said_.emplace(message.number, words).second) {
+    ++heldBack_;
+    return;
+  }
+  warn(placed(parts.offset) + "warning: " + words);
+}
+
+void Reports::takeLimit(int number, const std::string& line) {
+  const char* option = limitOption(static_cast<Diagnostic>(number));
+  if (option == nullptr && number != static_cast<int>(Diagnostic::kMemoryLimit)) {
+    return warn(line);
+  }
+  if (counts_[number] == 1) {
+    sayLine(option == nullptr ? line : line + "; raise the limit with " + option);
+  }
+  limitHit_ = true;
+}
+
+void Reports::warn(const std::string& line) {
+  if (quiet_) return;
+  if (printed_ == kMostLines) {
+    ++heldBack_;
+    return;
+  }
+  ++printed_;
+  sayLine(line);
+}
+
+std::string Reports::placed(std::uint32_t offset) {
+  if (offset == kNoSourceOffset) return name_ + ": ";
+  const LineColumn place = lines_.at(offset);
+  return name_ + ":" + std::to_string(place.line) + ":" + std::to_string(place.column) + ": ";
+}
+
+}  // namespace egfsvg
