@@ -70,7 +70,9 @@ void addLimitOptions(CLI::App& command, Options& options) {
 }
 
 void addOutputOptions(CLI::App& command, Options& options) {
-  command.add_option("-o,--output", options.output, "the output, by its extension; - is standard output")
+  command
+      .add_option("-o,--output", options.output,
+                  "the output, by its extension; - is standard output")
       ->type_name("OUT");
   command.add_option("--to", options.format, "format of the outputs: their extension")
       ->type_name("EXT");

@@ -22,13 +22,13 @@ struct LimitOptions {
 
 struct Options {
   std::vector<std::string> inputs;
-  std::string output;           // empty when --to and --out say where
-  std::string format;           // --to: an extension, with or without its dot
-  std::string folder;           // --out
-  std::optional<int> page;      // from 1
-  std::optional<double> dpi;    // none: the file's own, else 96
+  std::string output;         // empty when --to and --out say where
+  std::string format;         // --to: an extension, with or without its dot
+  std::string folder;         // --out
+  std::optional<int> page;    // from 1
+  std::optional<double> dpi;  // none: the file's own, else 96
   double zoom = 1;
-  std::string background;       // empty: transparent
+  std::string background;  // empty: transparent
   bool bare = false;
   std::string language = "auto";  // or "none", or a language tag
   bool quiet = false;

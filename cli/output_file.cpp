@@ -22,8 +22,8 @@ std::string shownName(const std::string& path) {
 }
 
 [[noreturn]] void failWriting(const std::string& path, int error) {
-  throw Failure(ExitCode::kInputOutput, shownName(path) + ": cannot be written: " +
-                                            std::strerror(error) +
+  throw Failure(ExitCode::kInputOutput, shownName(path) +
+                                            ": cannot be written: " + std::strerror(error) +
                                             "; free some space or choose another place");
 }
 
@@ -81,8 +81,7 @@ class ReplacingOutput : public OutputFile {
 
 bool isStream(const std::string& path) {
   struct stat status {};
-  return ::stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode) &&
-         !S_ISDIR(status.st_mode);
+  return ::stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode);
 }
 
 }  // namespace

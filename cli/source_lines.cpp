@@ -1,5 +1,6 @@
 #include "cli/source_lines.h"
 
+#include <algorithm>
 #include <string_view>
 
 namespace egfsvg {
@@ -11,7 +12,7 @@ constexpr std::uint64_t kChunkSize = 1U << 16;
 bool continuesCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
 
 template <class Place>
-void advance(Place& place, std::string_view bytes) {
+void moveOn(Place& place, std::string_view bytes) {
   for (const char byte : bytes) {
     if (byte == '\n') {
       ++place.line;
@@ -30,14 +31,14 @@ LineColumn SourceLines::at(std::uint64_t offset) {
     const std::string bytes = chunk(marks_.size() - 1);
     if (bytes.size() < kChunkSize) break;
     Mark next = marks_.back();
-    advance(next, bytes);
+    moveOn(next, bytes);
     marks_.push_back(next);
   }
   const std::uint64_t index = std::min<std::uint64_t>(wanted, marks_.size() - 1);
   const Mark& mark = marks_[index];
   LineColumn place{mark.line, mark.column};
   const std::string bytes = chunk(index);
-  advance(place, std::string_view(bytes).substr(0, offset - index * kChunkSize));
+  moveOn(place, std::string_view(bytes).substr(0, offset - index * kChunkSize));
   return place;
 }
 

@@ -71,8 +71,7 @@ TemporaryFile TemporaryFile::beside(const std::string& target) {
   std::string pattern = (path.parent_path() / name).string();
   const int descriptor = openTemporary(pattern, 0);
   if (descriptor < 0) {
-    throw Failure(ExitCode::kCannotCreate, target + ": cannot be created: " +
-                                               std::strerror(errno) +
+    throw Failure(ExitCode::kCannotCreate, target + ": cannot be created: " + std::strerror(errno) +
                                                "; check the folder and its permissions");
   }
   return {std::move(pattern), descriptor};
@@ -84,8 +83,7 @@ TemporaryFile TemporaryFile::scratch(const std::string& suffix) {
   std::string pattern = ((error ? "/tmp" : folder) / "egfsvg-XXXXXX").string() + suffix;
   const int descriptor = openTemporary(pattern, suffix.size());
   if (descriptor < 0) {
-    throw Failure(ExitCode::kInputOutput, pattern + ": cannot be created: " +
-                                              std::strerror(errno) +
+    throw Failure(ExitCode::kInputOutput, pattern + ": cannot be created: " + std::strerror(errno) +
                                               "; set TMPDIR to a folder with room");
   }
   return {std::move(pattern), descriptor};
