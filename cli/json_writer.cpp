@@ -97,11 +97,6 @@ void JsonWriter::value(const char* text) {
   value(std::string_view(text));
 }
 
-void JsonWriter::endDocument() {
-  pending_ += '\n';
-  flush();
-}
-
 void JsonWriter::open(char bracket, JsonLayout layout) {
   beforeItem();
   pending_ += bracket;

@@ -47,8 +47,11 @@ class JsonWriter {
     value(std::forward<Value>(content));
   }
 
-  // Ends a document with a line feed and hands everything to the sink.
-  void endDocument();
+  // Ends a document with a line feed.
+  void endDocument() { put("\n"); }
+
+  // Hands the sink what is held back. To be called at the end.
+  void finish() { flush(); }
 
  private:
   struct Level {

@@ -45,12 +45,12 @@ FilterModule load() {
   if (library == nullptr) fail(::dlerror());
   FilterModule module{};
   find(library, "SVGA_OpenReader", module.openReader);
+  find(library, "SVGA_PreprocessSource", module.preprocessSource);
   find(library, "SVGA_QueryProperty", module.queryProperty);
   find(library, "SVGA_ReadData", module.readData);
   find(library, "SVGA_UnloadData", module.unloadData);
   find(library, "SVGA_CloseReader", module.closeReader);
   find(library, "SVGH_OpenReader", module.openHandler);
-  find(library, "SVGH_PreprocessSource", module.preprocessSource);
   find(library, "SVGH_EnumerateData", module.enumerateData);
   find(library, "SVGH_QueryProperty", module.queryHandler);
   find(library, "SVGH_CloseReader", module.closeHandler);

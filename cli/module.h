@@ -1,26 +1,23 @@
 // The filter module, loaded by its exported names alone.
 #pragma once
 
-#include <cstdint>
-
-#include "frame/entry_records.h"
-#include "host/files.h"
+#include "frame/svghinterface.h"
 
 namespace egfsvg {
 
-// The entry points that the tool calls. Each takes its record and gives a result code.
+// The entry points that the tool calls.
 struct FilterModule {
-  std::int32_t (*openReader)(_adapterOpenReader*);
-  std::int32_t (*queryProperty)(_adapterQuery*);
-  std::int32_t (*readData)(_adapterReadData*, QV_FILEID*);
-  std::int32_t (*unloadData)(_adapterUnloadData*);
-  std::int32_t (*closeReader)(_adapterCloseReader*);
+  decltype(&SVGA_OpenReader) openReader;
+  decltype(&SVGA_PreprocessSource) preprocessSource;
+  decltype(&SVGA_QueryProperty) queryProperty;
+  decltype(&SVGA_ReadData) readData;
+  decltype(&SVGA_UnloadData) unloadData;
+  decltype(&SVGA_CloseReader) closeReader;
 
-  std::int32_t (*openHandler)(_handlerOpenReader*);
-  std::int32_t (*preprocessSource)(_handlerPreprocess*);
-  std::int32_t (*enumerateData)(_handlerEnumData*, QV_FILEID*);
-  std::int32_t (*queryHandler)(_handlerQuery*);
-  std::int32_t (*closeHandler)(_handlerCloseReader*);
+  decltype(&SVGH_OpenReader) openHandler;
+  decltype(&SVGH_QueryProperty) queryHandler;
+  decltype(&SVGH_EnumerateData) enumerateData;
+  decltype(&SVGH_CloseReader) closeHandler;
 };
 
 // Loaded at the first call: from $EGFSVG_MODULE, beside the tool, or in ../lib/egfsvg. Throws a

@@ -32,6 +32,7 @@ struct Options {
   bool bare = false;
   std::string language = "auto";  // or "none", or a language tag
   bool quiet = false;
+  bool progress = true;  // not on the command line: off in one of several jobs
   bool json = false;
   int jobs = 1;
   LimitOptions limits;

@@ -26,10 +26,6 @@ constexpr std::array<LimitRow, 4> kLimitOptions{{
     {Diagnostic::kSourceBytesLimit, "--max-source-bytes"},
 }};
 
-std::string inWords(int number, std::string_view argument) {
-  return egfhost::messageText(number, argument);
-}
-
 }  // namespace
 
 void sayLine(const std::string& text) {
@@ -61,33 +57,40 @@ void Reports::finish() {
 
 void Reports::take(const egfhost::Message& message) {
   if (message.kind == egfhost::MessageKind::kNotice) return warn(name_ + ": " + message.text);
-  ++counts_[message.number];
-  if (diagnosticRow(message.number) == nullptr) {
-    return warn(name_ + ": warning: " + inWords(message.number, message.text));
+  if (diagnosticRow(message.number) != nullptr) {
+    return takeDiagnostic(message.number, message.text);
   }
-  const egfhost::DiagnosticText parts = egfhost::splitDiagnosticText(message.text);
-  const std::string words = inWords(message.number, parts.subject);
-  endedEarly_ = endedEarly_ || isEarlyEndDiagnostic(message.number);
-  if (isLimitDiagnostic(message.number)) {
-    return takeLimit(message.number, placed(parts.offset) + words);
-  }
-  // The same thing is told once, where it was first met.
-  if (said_.size() < kMostRemembered && !said_.emplace(message.number, words).second) {
-    ++heldBack_;
-    return;
-  }
-  warn(placed(parts.offset) + "warning: " + words);
+  const std::string words = egfhost::messageText(message.number, message.text);
+  if (isFirst(message.number, words)) warn(name_ + ": warning: " + words);
 }
 
-void Reports::takeLimit(int number, const std::string& line) {
+void Reports::takeDiagnostic(int number, const std::string& text) {
+  const egfhost::DiagnosticText parts = egfhost::splitDiagnosticText(text);
+  const std::string words = egfhost::messageText(number, parts.subject);
+  const bool first = isFirst(number, words);
+  endedEarly_ = endedEarly_ || isEarlyEndDiagnostic(number);
+  if (isLimitDiagnostic(number)) return takeLimit(number, placed(parts.offset) + words, first);
+  if (first) warn(placed(parts.offset) + "warning: " + words);
+}
+
+void Reports::takeLimit(int number, const std::string& line, bool first) {
   const char* option = limitOption(static_cast<Diagnostic>(number));
-  if (option == nullptr && number != static_cast<int>(Diagnostic::kMemoryLimit)) {
-    return warn(line);
-  }
-  if (counts_[number] == 1) {
-    sayLine(option == nullptr ? line : line + "; raise the limit with " + option);
-  }
+  const bool ends = option != nullptr || number == static_cast<int>(Diagnostic::kMemoryLimit);
+  if (!ends) return warn(line);
+  if (first) sayLine(option == nullptr ? line : line + "; raise the limit with " + option);
   limitHit_ = true;
+}
+
+// The same thing is told once, where it was first met; the others are counted.
+bool Reports::isFirst(int number, const std::string& words) {
+  const auto entry = told_.find({number, words});
+  if (entry != told_.end()) {
+    ++entry->second;
+    ++heldBack_;
+    return false;
+  }
+  if (told_.size() < kMostRemembered) told_.emplace(std::pair(number, words), 1);
+  return true;
 }
 
 void Reports::warn(const std::string& line) {

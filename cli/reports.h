@@ -3,8 +3,6 @@
 
 #include <cstdint>
 #include <map>
-#include <memory>
-#include <set>
 #include <string>
 #include <utility>
 
@@ -37,15 +35,18 @@ class Reports {
   bool limitHit() const { return limitHit_; }
   // True when a read said that it ended before the end of its source.
   bool endedEarly() const { return endedEarly_; }
-  // How often each message number came.
-  const std::map<int, std::uint64_t>& counts() const { return counts_; }
+  // What was told, in words, and how often; the first kMostRemembered different things.
+  using Told = std::map<std::pair<int, std::string>, std::uint64_t>;
+  const Told& told() const { return told_; }
 
   // Prints how many lines were held back, if any.
   void finish();
 
  private:
   void take(const egfhost::Message& message);
-  void takeLimit(int number, const std::string& line);
+  void takeDiagnostic(int number, const std::string& text);
+  void takeLimit(int number, const std::string& line, bool first);
+  bool isFirst(int number, const std::string& words);
   void warn(const std::string& line);
   std::string placed(std::uint32_t offset);
 
@@ -56,8 +57,7 @@ class Reports {
   bool endedEarly_ = false;
   std::uint64_t printed_ = 0;
   std::uint64_t heldBack_ = 0;
-  std::map<int, std::uint64_t> counts_;
-  std::set<std::pair<int, std::string>> said_;
+  Told told_;
 };
 
 }  // namespace egfsvg
