@@ -1,6 +1,6 @@
 #include "cli/dump.h"
 
-#include <string>
+#include <array>
 
 #include "cli/object_json.h"
 #include "host/egf_rows.h"

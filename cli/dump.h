@@ -1,7 +1,10 @@
 // A drawing's pages as one JSON document.
 #pragma once
 
+#include <string>
+
 #include "cli/byte_sink.h"
+#include "cli/json_writer.h"
 #include "cli/page_reader.h"
 
 namespace egfsvg {

@@ -92,9 +92,8 @@ bool sameExtension(std::string_view given, std::string_view extension) {
   if (given.empty() || given.front() != '.') extension.remove_prefix(1);
   if (given.size() != extension.size()) return false;
   for (std::size_t i = 0; i < given.size(); ++i) {
-    const char letter = given[i] >= 'A' && given[i] <= 'Z'
-                            ? static_cast<char>(given[i] - 'A' + 'a')
-                            : given[i];
+    const char letter =
+        given[i] >= 'A' && given[i] <= 'Z' ? static_cast<char>(given[i] - 'A' + 'a') : given[i];
     if (letter != extension[i]) return false;
   }
   return true;

@@ -11,7 +11,8 @@
 #include <filesystem>
 
 #include "cli/failure.h"
-#include "host/compression.h"
+#include "embedded_host/host_compression.h"
+#include "embedded_host/host_files.h"
 
 namespace egfsvg {
 namespace {
@@ -19,6 +20,8 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* kStandardInput = "-";
+// What the host unpacks at most.
+constexpr std::uint64_t kMostUnpacked = std::uint64_t{1} << 30U;
 constexpr std::array<const char*, 2> kDrawingExtensions{".svg", ".svgz"};
 
 [[noreturn]] void failOpening(const std::string& path, int error) {
@@ -110,6 +113,21 @@ std::uint64_t fileSize(const std::string& path, const std::string& name) {
                   name + ": is a folder; name a file in it, or use convert with --to and --out");
   }
   return static_cast<std::uint64_t>(status.st_size);
+}
+
+// Unpacks a gzip file. Throws a Failure that says what is wrong with it.
+void unpackGzip(const std::string& source, const std::string& target, const std::string& name,
+                std::uint64_t maxBytes) {
+  egfhost::allowFolder(fs::absolute(source).parent_path().string(), egfhost::FileAccess::kRead);
+  egfhost::allowFolder(fs::path(target).parent_path().string(), egfhost::FileAccess::kWrite);
+  if (ZLIB_UnCompressFile(source.c_str(), target.c_str(), 0) == 0) return;
+  using Why = egfhost::CompressionFailure;
+  const Why why = egfhost::compressionFailure();
+  if (why == Why::kTooLarge) failSize(name, std::min(maxBytes, kMostUnpacked));
+  const bool damaged = why == Why::kDamaged || why == Why::kCutOff;
+  throw Failure(damaged ? ExitCode::kBadData : ExitCode::kInputOutput,
+                name + ": cannot be unpacked: " + egfhost::describe(why) +
+                    (damaged ? "; get a whole copy of it" : "; check TMPDIR and the disk"));
 }
 
 bool isRegular(const std::string& path) {

@@ -37,7 +37,7 @@ class ReadyInput {
   std::uint64_t bytes() const { return bytes_; }  // of the plain file
 
  private:
-  void spoolStandardInput(std::uint64_t maxBytes);
+  void spool(int descriptor, std::uint64_t maxBytes);
   void unpack(std::uint64_t maxBytes);
 
   std::string name_;

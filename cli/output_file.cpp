@@ -66,7 +66,9 @@ class ReplacingOutput : public OutputFile {
   explicit ReplacingOutput(std::string path)
       : path_(std::move(path)), temporary_(TemporaryFile::beside(path_)) {}
 
-  void write(std::string_view bytes) override { writeAll(temporary_.descriptor(), bytes, path_); }
+  void write(std::string_view bytes) override {
+    if (!temporary_.write(bytes)) failWriting(path_, errno);
+  }
   const std::string& workingPath() const override { return temporary_.path(); }
 
   void commit() override {

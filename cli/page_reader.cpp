@@ -3,7 +3,7 @@
 #include <cstring>
 #include <new>
 
-#include "adapter_reader/svg_adapterreader.h"
+#include "cli/adapter_fields.h"
 #include "cli/failure.h"
 #include "cli/module.h"
 #include "frame/result_codes.h"
@@ -14,7 +14,8 @@ namespace egfsvg {
 namespace {
 
 [[noreturn]] void failMemory(const std::string& name) {
-  throw Failure(ExitCode::kLimit, name + ": there is not enough memory for its page; split the drawing");
+  throw Failure(ExitCode::kLimit,
+                name + ": there is not enough memory for its page; split the drawing");
 }
 
 }  // namespace
@@ -43,7 +44,7 @@ void PageReader::openReader() {
   if (code != kOk) source_.check(code, false);
   reader_ = open.reader;
   // The reader finds its document's style tables and map through the view.
-  at<CAdapterReader>(reader_)->document = view_.get();
+  setReaderDocument(reader_, view_.get());
 }
 
 int PageReader::countPages() {
@@ -89,9 +90,7 @@ egfrender::Page PageReader::page() const {
   return {body(), document_.get(), egfhost::resolutionOf(view_.get())};
 }
 
-const _sel_colour_list* PageReader::palette() const {
-  return at<CAdapterReader>(reader_)->palette;
-}
+const _sel_colour_list* PageReader::palette() const { return at<CAdapterReader>(reader_)->palette; }
 
 PageRange pagesToTake(const Options& options, const std::string& name, int pageCount,
                       bool allByDefault) {

@@ -11,9 +11,9 @@ namespace egfsvg {
 namespace {
 
 // What the tool turns on.
-constexpr std::array<std::string_view, 8> kSwitches{
-    "uprightText", "trueCurves", "namespaces",  "hideUnderNone",
-    "plainStyle",  "compactNumbers", "useAnywhere", "diagnostics"};
+constexpr std::array<std::string_view, 8> kSwitches{"uprightText",   "trueCurves", "namespaces",
+                                                    "hideUnderNone", "plainStyle", "compactNumbers",
+                                                    "useAnywhere",   "diagnostics"};
 
 struct LimitRow {
   std::string_view name;

@@ -74,9 +74,8 @@ ExitCode Source::outcome() {
 
 void checkPage(const std::string& name, int page, int pageCount) {
   if (page >= 1 && page <= pageCount) return;
-  const std::string there = pageCount == 1 ? "it has one page" : "it has " +
-                                                                      std::to_string(pageCount) +
-                                                                      " pages";
+  const std::string there =
+      pageCount == 1 ? "it has one page" : "it has " + std::to_string(pageCount) + " pages";
   throw Failure(ExitCode::kNoInput, name + ": there is no page " + std::to_string(page) + "; " +
                                         there + ", numbered from 1");
 }

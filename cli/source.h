@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "cli/exit_codes.h"
 #include "cli/host_owner.h"
 #include "cli/inputs.h"
 #include "cli/options.h"

@@ -95,6 +95,16 @@ TemporaryFile::~TemporaryFile() {
   freeSlot(slot_);
 }
 
+bool TemporaryFile::write(std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t written = ::write(descriptor_, bytes.data(), bytes.size());
+    if (written < 0 && errno == EINTR) continue;
+    if (written < 0) return false;
+    bytes.remove_prefix(static_cast<std::size_t>(written));
+  }
+  return true;
+}
+
 bool TemporaryFile::close() {
   const int descriptor = std::exchange(descriptor_, -1);
   return descriptor < 0 || ::close(descriptor) == 0;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace egfsvg {
 
@@ -20,6 +21,9 @@ class TemporaryFile {
 
   const std::string& path() const { return path_; }
   int descriptor() const { return descriptor_; }
+
+  // False with errno when the bytes cannot be kept.
+  bool write(std::string_view bytes);
 
   // False with errno when what was written could not be kept.
   bool close();
