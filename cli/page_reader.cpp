@@ -90,7 +90,7 @@ egfrender::Page PageReader::page() const {
   return {body(), document_.get(), egfhost::resolutionOf(view_.get())};
 }
 
-const _sel_colour_list* PageReader::palette() const { return at<CAdapterReader>(reader_)->palette; }
+const _sel_colour_list* PageReader::palette() const { return readerPalette(reader_); }
 
 PageRange pagesToTake(const Options& options, const std::string& name, int pageCount,
                       bool allByDefault) {
