@@ -6,7 +6,7 @@
 #include "model/shape_fields.h"
 #include "model/test_event_fields.h"
 
-namespace egfsvg {
+namespace egfsvg::element_rows {
 
 inline constexpr ElementField kImageRows[] = {
     EGFSVG_RECORD(_svg_image, head, kHeadFields),
@@ -116,4 +116,4 @@ inline constexpr ElementField kAnnoRows[] = {EGFSVG_RECORD(_svg_markup_anno, gro
                                              EGFSVG_RECORD(_svg_markup_anno, note, kTextFields)};
 inline constexpr ElementRecord kAnnoFields(kAnnoRows);
 
-}  // namespace egfsvg
+}  // namespace egfsvg::element_rows

@@ -22,24 +22,34 @@ inline constexpr ElementRecord kNoFields{};
 
 /// What stands behind the envelope of a callback.
 /// The closers carry nothing; a markup form carries its drawing alone where no group is told.
-inline constexpr ElementType kPayloadTypes[] = {
-    {kTagSvg, &kSvgFields},           {kTagPath, &kPathFields},
-    {kTagRect, &kRectFields},         {kTagCircle, &kCircleFields},
-    {kTagEllipse, &kEllipseFields},   {kTagLine, &kLineFields},
-    {kTagPolyline, &kPolylineFields}, {kTagPolygon, &kPolygonFields},
-    {kTagText, &kTextFields},         {kTagGroup, &kGroupFields},
-    {kTagImage, &kImageFields},       {kTagLink, &kAFields},
-    {kTagCloud, &kPolylineFields},    {kTagCrossout, &kCrossoutFields},
-    {kTagDiamond, &kDiamondFields},   {kTagAnnotation, &kTextFields},
-    {kTagEndSvg, &kNoFields},         {kTagEndGroup, &kNoFields}};
+inline constexpr ElementType kPayloadTypes[] = {{kTagSvg, &element_rows::kSvgFields},
+                                                {kTagPath, &element_rows::kPathFields},
+                                                {kTagRect, &element_rows::kRectFields},
+                                                {kTagCircle, &element_rows::kCircleFields},
+                                                {kTagEllipse, &element_rows::kEllipseFields},
+                                                {kTagLine, &element_rows::kLineFields},
+                                                {kTagPolyline, &element_rows::kPolylineFields},
+                                                {kTagPolygon, &element_rows::kPolygonFields},
+                                                {kTagText, &element_rows::kTextFields},
+                                                {kTagGroup, &element_rows::kGroupFields},
+                                                {kTagImage, &element_rows::kImageFields},
+                                                {kTagLink, &element_rows::kAFields},
+                                                {kTagCloud, &element_rows::kPolylineFields},
+                                                {kTagCrossout, &element_rows::kCrossoutFields},
+                                                {kTagDiamond, &element_rows::kDiamondFields},
+                                                {kTagAnnotation, &element_rows::kTextFields},
+                                                {kTagEndSvg, &kNoFields},
+                                                {kTagEndGroup, &kNoFields}};
 
 /// What stands behind the type of an `a`'s child.
 inline constexpr ElementType kChildTypes[] = {
-    {kTagPath, &kPathFields},       {kTagRect, &kRectFields},      {kTagCircle, &kCircleFields},
-    {kTagEllipse, &kEllipseFields}, {kTagLine, &kLineFields},      {kTagPolyline, &kPolylineFields},
-    {kTagPolygon, &kPolygonFields}, {kTagText, &kTextFields},      {kTagGroup, &kGroupFields},
-    {kTagImage, &kImageFields},     {kTagCloud, &kCloudFields},    {kTagCrossout, &kCrossoutFields},
-    {kTagDiamond, &kDiamondFields}, {kTagAnnotation, &kAnnoFields}};
+    {kTagPath, &element_rows::kPathFields},       {kTagRect, &element_rows::kRectFields},
+    {kTagCircle, &element_rows::kCircleFields},   {kTagEllipse, &element_rows::kEllipseFields},
+    {kTagLine, &element_rows::kLineFields},       {kTagPolyline, &element_rows::kPolylineFields},
+    {kTagPolygon, &element_rows::kPolygonFields}, {kTagText, &element_rows::kTextFields},
+    {kTagGroup, &element_rows::kGroupFields},     {kTagImage, &element_rows::kImageFields},
+    {kTagCloud, &element_rows::kCloudFields},     {kTagCrossout, &element_rows::kCrossoutFields},
+    {kTagDiamond, &element_rows::kDiamondFields}, {kTagAnnotation, &element_rows::kAnnoFields}};
 
 /// The rows for a type; empty for one that has no row.
 template <std::size_t N>

@@ -4,7 +4,7 @@
 #include "model/elements.h"
 #include "model/group_fields.h"
 
-namespace egfsvg {
+namespace egfsvg::element_rows {
 
 inline constexpr ElementField kStopRows[] = {EGFSVG_RECORD(_svg_stop, head, kHeadFields),
                                              EGFSVG_RECORD(_svg_stop, graphics, kGraphicsFields),
@@ -49,4 +49,4 @@ inline constexpr ElementField kGradientRows[] = {
      .onlyFor = kTagRadialGradient}};
 inline constexpr ElementRecord kGradientFields(kGradientRows);
 
-}  // namespace egfsvg
+}  // namespace egfsvg::element_rows

@@ -4,7 +4,7 @@
 #include "model/field_rows.h"
 #include "model/groups.h"
 
-namespace egfsvg {
+namespace egfsvg::element_rows {
 
 inline constexpr ElementField kPointRows[] = {EGFSVG_FIELD(_svg_point, x, kValue),
                                               EGFSVG_FIELD(_svg_point, y, kValue)};
@@ -159,4 +159,4 @@ inline constexpr ElementField kPARows[] = {
     EGFSVG_RECORD(_svg_pa, viewports, kViewportsFields)};
 inline constexpr ElementRecord kPAFields(kPARows);
 
-}  // namespace egfsvg
+}  // namespace egfsvg::element_rows

@@ -5,7 +5,7 @@
 #include "model/group_fields.h"
 #include "model/test_event_fields.h"
 
-namespace egfsvg {
+namespace egfsvg::element_rows {
 
 inline constexpr ElementField kRectRows[] = {
     EGFSVG_RECORD(_svg_rect, head, kHeadFields),
@@ -114,4 +114,4 @@ inline constexpr ElementField kPathRows[] = {
     EGFSVG_FIELD(_svg_path, pathFlag, kInteger)};
 inline constexpr ElementRecord kPathFields(kPathRows);
 
-}  // namespace egfsvg
+}  // namespace egfsvg::element_rows

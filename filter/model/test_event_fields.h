@@ -4,7 +4,7 @@
 #include "model/field_rows.h"
 #include "model/groups.h"
 
-namespace egfsvg {
+namespace egfsvg::element_rows {
 
 inline constexpr ElementField kRequiredFeaturesRows[] = {
     EGFSVG_FIELD(_svg_ta_requiredFeatures, listCount, kInteger),
@@ -56,4 +56,4 @@ inline constexpr ElementField kEventRows[] = {
     EGFSVG_RECORD(_svg_event, document, kDocumentEventFields)};
 inline constexpr ElementRecord kEventFields(kEventRows);
 
-}  // namespace egfsvg
+}  // namespace egfsvg::element_rows

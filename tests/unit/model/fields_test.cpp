@@ -14,6 +14,8 @@
 namespace egfsvg {
 namespace {
 
+using namespace element_rows;  // NOLINT: the tables under test
+
 std::size_t sizeOfEntry(const ElementField& field);
 
 // Bytes from a record's start to the end of its last field.
