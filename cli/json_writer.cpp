@@ -99,7 +99,7 @@ void JsonWriter::value(const char* text) {
 
 void JsonWriter::open(char bracket, JsonLayout layout) {
   beforeItem();
-  pending_ += bracket;
+  put({&bracket, 1});
   levels_.push_back({layout, true});
 }
 
