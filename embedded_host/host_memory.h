@@ -24,6 +24,9 @@ EGFHOST_API MemoryCounters memoryCounters();
 // The peaks start again from what is live now.
 EGFHOST_API void resetMemoryPeak();
 
+// Forgets the bad frees so far.
+EGFHOST_API void clearBadFrees();
+
 // The most that may be live at a time; 0 lifts the bound. Beyond it allocations fail.
 EGFHOST_API void setByteBudget(std::uint64_t bytes);
 EGFHOST_API void setBlockBudget(std::uint64_t blocks);

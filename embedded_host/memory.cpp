@@ -201,6 +201,8 @@ void resetMemoryPeak() {
   state.counters.peakBlocks = state.counters.liveBlocks;
 }
 
+void clearBadFrees() { state.counters.badFrees = 0; }
+
 void setByteBudget(std::uint64_t bytes) {
   state.byteBudget = bytes;
   state.budgeted = state.byteBudget != 0 || state.blockBudget != 0;

@@ -1,0 +1,299 @@
+#include "host/memory.h"
+
+#include <algorithm>
+#include <cstring>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "tests/unit/embedded_host/host_fixture.h"
+
+namespace egfhost {
+namespace {
+
+using MemoryTest = HostTest;
+
+constexpr std::uint64_t kGiB = std::uint64_t{1} << 30;
+
+TEST_F(MemoryTest, NullIsFreedSafely) { RMM_Free(nullptr); }
+
+TEST_F(MemoryTest, ProductsThatDoNotFitAreRefused) {
+  struct Row {
+    std::size_t count;
+    std::size_t size;
+  };
+  constexpr Row kRows[] = {{0x40000000, 8},
+                           {1, std::size_t{1} << 32},
+                           {std::size_t{1} << 32, std::size_t{1} << 32},
+                           {~std::size_t{0}, 1},
+                           {~std::size_t{0}, ~std::size_t{0}},
+                           {0x10001, 0x10000}};
+  for (const Row& row : kRows) {
+    EXPECT_EQ(nullptr, RMM_AllocName(row.count, row.size, RMM_SITE)) << row.count;
+    EXPECT_EQ(nullptr, RMM_CallocName(row.count, row.size, RMM_SITE)) << row.count;
+    EXPECT_EQ(nullptr, RMM_ReAllocName(nullptr, row.count, row.size, RMM_SITE)) << row.count;
+    void* const block = RMM_AllocName(1, 8, RMM_SITE);
+    EXPECT_EQ(nullptr, RMM_ReAllocName(block, row.count, row.size, RMM_SITE)) << row.count;
+    RMM_Free(block);
+  }
+}
+
+TEST_F(MemoryTest, BlocksAreAlignedInsideTheCageAndApart) {
+  constexpr std::size_t kSizes[] = {0,    1,    15,   16,    17,    96,     112,    113,
+                                    1000, 8159, 8176, 8177,  8192,  40000,  65536,  100000,
+                                    4096, 4080, 4081, 65520, 65521, 131072, 1000000};
+  std::vector<char*> blocks;
+  for (const std::size_t size : kSizes) {
+    auto* const block = static_cast<char*>(RMM_AllocName(1, size, RMM_SITE));
+    ASSERT_NE(nullptr, block);
+    EXPECT_EQ(0u, reinterpret_cast<std::uintptr_t>(block) % 16);
+    EXPECT_GE(block, RMM_cageBase + 4096);
+    EXPECT_LT(static_cast<std::uint64_t>(block - RMM_cageBase) + size, 4 * kGiB);
+    EXPECT_EQ(block, egfsvg::at<char>(egfsvg::handleOf(block)));
+    std::memset(block, static_cast<int>(blocks.size()), size);
+    blocks.push_back(block);
+  }
+  for (std::size_t i = 0; i < blocks.size(); ++i) {
+    for (std::size_t at = 0; at < kSizes[i]; ++at) {
+      ASSERT_EQ(static_cast<char>(i), blocks[i][at]) << kSizes[i];
+    }
+    RMM_Free(blocks[i]);
+  }
+}
+
+TEST_F(MemoryTest, CallocZeroesUsedMemory) {
+  for (const std::size_t size : {24u, 500u, 9000u, 200000u}) {
+    void* const used = RMM_AllocName(1, size, RMM_SITE);
+    std::memset(used, 0xff, size);
+    RMM_Free(used);
+    auto* const block = static_cast<unsigned char*>(RMM_CallocName(size, 1, RMM_SITE));
+    EXPECT_EQ(static_cast<std::ptrdiff_t>(size), std::count(block, block + size, 0));
+    RMM_Free(block);
+  }
+}
+
+TEST_F(MemoryTest, ReallocKeepsContents) {
+  constexpr std::size_t kSteps[] = {10, 100, 50, 5000, 9000, 100000, 300000, 70000, 3000, 8, 0, 20};
+  auto* block = static_cast<char*>(RMM_ReAllocName(nullptr, 10, 1, RMM_SITE));
+  std::size_t known = 10;
+  std::memset(block, 'a', known);
+  for (const std::size_t size : kSteps) {
+    block = static_cast<char*>(RMM_ReAllocName(block, 1, size, RMM_SITE));
+    ASSERT_NE(nullptr, block);
+    known = std::min(known, size);
+    for (std::size_t i = 0; i < known; ++i) ASSERT_EQ('a', block[i]) << size;
+    if (size > known) std::memset(block + known, 'a', size - known);
+    known = size;
+  }
+  RMM_Free(block);
+}
+
+TEST_F(MemoryTest, GrowingByOneMovesSeldom) {
+  constexpr std::size_t kElements = 1000000;
+  int moves = 0;
+  char* block = nullptr;
+  for (std::size_t count = 1; count <= kElements; ++count) {
+    auto* const grown = static_cast<char*>(RMM_ReAllocName(block, count, 16, RMM_SITE));
+    ASSERT_NE(nullptr, grown);
+    if (grown != block) ++moves;
+    block = grown;
+  }
+  // 16 bytes to 16 megabytes in steps of at least a half: at most log(1e6) / log(1.5) = 34.1.
+  EXPECT_LE(moves, 36);
+  RMM_Free(block);
+}
+
+TEST_F(MemoryTest, AShrunkBlockGivesItsRoomBack) {
+  resetMemoryPeak();
+  void* big = RMM_AllocName(1, 100000, RMM_SITE);
+  void* const small = RMM_ReAllocName(big, 1, 100, RMM_SITE);
+  ASSERT_NE(nullptr, small);
+  EXPECT_NE(big, small);
+  RMM_Free(small);
+}
+
+TEST_F(MemoryTest, CountersFollowTheSizesAskedFor) {
+  const MemoryCounters before = memoryCounters();
+  resetMemoryPeak();
+  void* a = RMM_AllocName(3, 100, RMM_SITE);
+  void* const b = RMM_CallocName(1, 50, RMM_SITE);
+  MemoryCounters now = memoryCounters();
+  EXPECT_EQ(before.liveBytes + 350, now.liveBytes);
+  EXPECT_EQ(before.liveBlocks + 2, now.liveBlocks);
+  EXPECT_EQ(before.allocations + 2, now.allocations);
+  a = RMM_ReAllocName(a, 1, 20, RMM_SITE);
+  now = memoryCounters();
+  EXPECT_EQ(before.liveBytes + 70, now.liveBytes);
+  EXPECT_EQ(before.liveBlocks + 2, now.liveBlocks);
+  EXPECT_EQ(before.liveBytes + 350, now.peakBytes);
+  EXPECT_EQ(before.liveBlocks + 2, now.peakBlocks);
+  RMM_Free(a);
+  RMM_Free(b);
+  EXPECT_EQ(before.liveBytes, memoryCounters().liveBytes);
+  EXPECT_EQ(nullptr, RMM_AllocName(0x40000000, 8, RMM_SITE));
+  EXPECT_EQ(before.refusals + 1, memoryCounters().refusals);
+}
+
+TEST_F(MemoryTest, SitesOfLiveBlocksAreListed) {
+  const std::vector<SiteUse> before = liveSites();
+  void* const one = RMM_AllocName(1, 10, "b.cpp", 7);
+  void* const two = RMM_AllocName(1, 20, "b.cpp", 7);
+  void* const three = RMM_ChownName(RMM_AllocName(1, 50000, "a.cpp", 70000));
+  const std::vector<SiteUse> expected = {{"a.cpp", 65535, 1, 50000, 1}, {"b.cpp", 7, 2, 30, 0}};
+  EXPECT_EQ(expected, liveSitesSince(before));
+  EXPECT_EQ("a.cpp:65535: 1 blocks, 50000 bytes\nb.cpp:7: 2 blocks, 30 bytes\n",
+            describeSites(liveSitesSince(before)));
+  for (void* const block : {one, two, three}) RMM_Free(block);
+  EXPECT_EQ("", describeSites(liveSitesSince(before)));
+}
+
+TEST_F(MemoryTest, ChownGivesTheSameBlock) {
+  EXPECT_EQ(nullptr, RMM_ChownName(nullptr));
+  void* const block = RMM_AllocName(1, 8, RMM_SITE);
+  EXPECT_EQ(block, RMM_ChownName(block));
+  RMM_Free(block);
+}
+
+TEST_F(MemoryTest, BadBlocksAreCountedAndLeftAlone) {
+  void* const block = RMM_AllocName(1, 64, RMM_SITE);
+  RMM_Free(block);
+  int outside = 0;
+  RMM_Free(block);
+  RMM_Free(&outside);
+  RMM_Free(RMM_cageBase);
+  RMM_Free(static_cast<char*>(block) + 8);
+  EXPECT_EQ(nullptr, RMM_ReAllocName(block, 1, 100, RMM_SITE));
+  EXPECT_EQ(5u, memoryCounters().badFrees);
+  clearBadFrees();
+}
+
+TEST_F(MemoryTest, ByteBudgetBounds) {
+  const std::uint64_t live = memoryCounters().liveBytes;
+  setByteBudget(live + 1000);
+  void* a = RMM_AllocName(1, 600, RMM_SITE);
+  ASSERT_NE(nullptr, a);
+  EXPECT_EQ(nullptr, RMM_AllocName(1, 401, RMM_SITE));
+  EXPECT_EQ(nullptr, RMM_ReAllocName(a, 1, 1001, RMM_SITE));
+  a = RMM_ReAllocName(a, 1, 1000, RMM_SITE);
+  ASSERT_NE(nullptr, a);
+  EXPECT_EQ(nullptr, RMM_AllocName(1, 1, RMM_SITE));
+  a = RMM_ReAllocName(a, 1, 900, RMM_SITE);
+  void* const b = RMM_AllocName(1, 100, RMM_SITE);
+  EXPECT_NE(nullptr, b);
+  RMM_Free(a);
+  RMM_Free(b);
+}
+
+TEST_F(MemoryTest, BlockBudgetBounds) {
+  setBlockBudget(memoryCounters().liveBlocks + 1);
+  void* a = RMM_AllocName(1, 1, RMM_SITE);
+  ASSERT_NE(nullptr, a);
+  EXPECT_EQ(nullptr, RMM_AllocName(1, 1, RMM_SITE));
+  a = RMM_ReAllocName(a, 1, 5000, RMM_SITE);
+  EXPECT_NE(nullptr, a);
+  RMM_Free(a);
+}
+
+TEST_F(MemoryTest, TheNthAllocationFailsOnceOrForEver) {
+  struct Row {
+    FaultSpan span;
+    std::string expected;  // of six calls: + a block, - none
+  };
+  const Row kRows[] = {{FaultSpan::kOnce, "++-+++"}, {FaultSpan::kForEver, "++----"}};
+  for (const Row& row : kRows) {
+    ASSERT_TRUE(failAllocation(3, row.span));
+    std::string seen;
+    std::vector<void*> blocks;
+    for (int i = 0; i < 6; ++i) {
+      void* const block =
+          i % 2 == 0 ? RMM_AllocName(1, 8, RMM_SITE) : RMM_CallocName(1, 8, RMM_SITE);
+      seen += block == nullptr ? '-' : '+';
+      blocks.push_back(block);
+    }
+    EXPECT_EQ(row.expected, seen);
+    EXPECT_EQ(6u, callCount("RMM"));
+    clearFaults();
+    for (void* const block : blocks) RMM_Free(block);
+  }
+}
+
+TEST_F(MemoryTest, AFailedReallocKeepsTheOldBlock) {
+  auto* block = static_cast<char*>(RMM_AllocName(1, 4, RMM_SITE));
+  std::memcpy(block, "abc", 4);
+  failAllocation(1);
+  EXPECT_EQ(nullptr, RMM_ReAllocName(block, 1, 100000, RMM_SITE));
+  EXPECT_STREQ("abc", block);
+  RMM_Free(block);
+}
+
+TEST_F(MemoryTest, AFullCageIsAnOrdinaryFailure) {
+  std::vector<void*> blocks;
+  constexpr std::size_t kPart = std::size_t{256} << 20;
+  while (void* const block = RMM_AllocName(1, kPart, RMM_SITE)) blocks.push_back(block);
+  EXPECT_GE(blocks.size(), 14u);
+  EXPECT_LE(blocks.size(), 16u);
+  void* const small = RMM_AllocName(1, 100, RMM_SITE);
+  EXPECT_NE(nullptr, small);
+  RMM_Free(small);
+  for (void* const block : blocks) RMM_Free(block);
+  // Everything is one run again: a block of nearly all of it fits.
+  void* const most = RMM_AllocName(1, 3 * kGiB, RMM_SITE);
+  EXPECT_NE(nullptr, most);
+  RMM_Free(most);
+}
+
+// A long random life against a model that knows size and filling of each block.
+TEST_F(MemoryTest, RandomLifeKeepsEveryBlockWhole) {
+  struct Known {
+    unsigned char* block;
+    std::size_t size;
+    unsigned char fill;
+  };
+  std::mt19937 random(12345);
+  std::vector<Known> known;
+  const auto check = [](const Known& each) {
+    for (std::size_t i = 0; i < each.size; i += 1 + each.size / 64) {
+      if (each.block[i] != each.fill) return false;
+    }
+    return each.size == 0 || each.block[each.size - 1] == each.fill;
+  };
+  const auto randomSize = [&random] {
+    const unsigned kind = random() % 100;
+    if (kind < 70) return random() % 300;
+    return kind < 95 ? random() % 20000 : random() % 600000;
+  };
+  for (int step = 0; step < 60000; ++step) {
+    const unsigned what = random() % 5;
+    if (known.size() < 50 || what < 2) {
+      const std::size_t size = randomSize();
+      auto* const block = static_cast<unsigned char*>(RMM_AllocName(1, size, RMM_SITE));
+      ASSERT_NE(nullptr, block);
+      const auto fill = static_cast<unsigned char>(random());
+      std::memset(block, fill, size);
+      known.push_back({block, size, fill});
+      continue;
+    }
+    Known& each = known[random() % known.size()];
+    ASSERT_TRUE(check(each)) << step;
+    if (what == 2) {
+      const std::size_t size = randomSize();
+      each.block = static_cast<unsigned char*>(RMM_ReAllocName(each.block, 1, size, RMM_SITE));
+      ASSERT_NE(nullptr, each.block);
+      each.size = std::min(each.size, size);
+      ASSERT_TRUE(check(each)) << step;
+      std::memset(each.block, each.fill, size);
+      each.size = size;
+    } else {
+      RMM_Free(each.block);
+      each = known.back();
+      known.pop_back();
+    }
+  }
+  for (const Known& each : known) {
+    EXPECT_TRUE(check(each));
+    RMM_Free(each.block);
+  }
+}
+
+}  // namespace
+}  // namespace egfhost
