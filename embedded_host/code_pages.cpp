@@ -122,23 +122,31 @@ std::string widen(Conversion& conversion, std::string_view bytes) {
   return wide;
 }
 
-bool isHighSurrogate(std::string_view wide) {
-  constexpr unsigned kHighSurrogates = 0xd8;
+constexpr std::size_t kUnit = sizeof(char16_t);
+
+// True when the upper byte of the unit at a place has the six bits of that kind of surrogate.
+bool isSurrogate(std::string_view wide, std::size_t unit, unsigned kind) {
   constexpr unsigned kSurrogateMask = 0xfc;
-  return wide.size() >= 2 &&
-         (static_cast<unsigned char>(wide[1]) & kSurrogateMask) == kHighSurrogates;
+  const std::size_t upper = unit * kUnit + 1;
+  return upper < wide.size() && (static_cast<unsigned char>(wide[upper]) & kSurrogateMask) == kind;
+}
+
+// The bytes of the character at the start of a text.
+std::size_t characterSize(std::string_view wide) {
+  constexpr unsigned kHigh = 0xd8;
+  constexpr unsigned kLow = 0xdc;
+  const bool pair = isSurrogate(wide, 0, kHigh) && isSurrogate(wide, 1, kLow);
+  return std::min(pair ? 2 * kUnit : kUnit, wide.size());
 }
 
 // Characters that the code page does not have become the default text.
 std::string narrow(Conversion& conversion, std::string_view wide, std::string_view defaultText,
                    bool& usedDefault) {
-  constexpr std::size_t kUnit = sizeof(char16_t);
   std::string bytes;
   const char* input = wide.data();
   std::size_t left = wide.size();
   while (!conversion.run(input, left, bytes)) {
-    const std::size_t skipped =
-        isHighSurrogate({input, left}) && left >= 2 * kUnit ? 2 * kUnit : std::min(kUnit, left);
+    const std::size_t skipped = characterSize({input, left});
     bytes += defaultText;
     usedDefault = true;
     input += skipped;

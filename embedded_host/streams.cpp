@@ -73,6 +73,9 @@ FileObject* fileOf(HostHandle handle) {
   return hostObjectAs<FileObject>(handle);
 }
 
+namespace {
+
+// A stream with its handle, 0 when memory is short. The file object loses the caller's reference.
 template <class Channel>
 HostHandle openStream(FileObject* file, std::unique_ptr<Channel> channel) {
   if (file == nullptr) return 0;
@@ -81,13 +84,18 @@ HostHandle openStream(FileObject* file, std::unique_ptr<Channel> channel) {
   return stream == nullptr ? 0 : stream->handle();
 }
 
-HostHandle openToRead(const QV_FILEID& id) {
+std::unique_ptr<Source> openSource(const QV_FILEID& id) {
   const std::string path = pathOf(&id);
   std::string resolved;
   const FileVerdict verdict = mayRead(path, resolved);
   reportVerdict(verdict, path);
-  if (verdict != FileVerdict::kAllowed) return 0;
-  std::unique_ptr<Source> source = FileSource::open(resolved);
+  return verdict == FileVerdict::kAllowed ? FileSource::open(resolved) : nullptr;
+}
+
+}  // namespace
+
+HostHandle openToRead(const QV_FILEID& id) {
+  std::unique_ptr<Source> source = openSource(id);
   if (source == nullptr) return 0;
   return openStream(makeHostObject<FileObject>(RMM_SITE, id), std::move(source));
 }
@@ -105,8 +113,13 @@ HostHandle openToWrite(const QV_FILEID& id, bool temporary) {
 }
 
 HostHandle reopen(FileObject* file) {
-  if (file->bytes() == nullptr) return openToRead(file->id());
-  std::unique_ptr<Source> source = std::make_unique<MemorySource>(file->bytes());
+  std::unique_ptr<Source> source;
+  if (file->bytes() != nullptr) {
+    source = std::make_unique<MemorySource>(file->bytes());
+  } else {
+    source = openSource(file->id());
+  }
+  if (source == nullptr) return 0;
   file->addReference();
   return openStream(file, std::move(source));
 }

@@ -63,14 +63,10 @@ class Stream : public HostObject {
 // The file object of a file or stream handle, null for anything else.
 FileObject* fileOf(HostHandle handle);
 
-// A stream with its handle, 0 when memory is short. The file object loses the caller's reference.
-template <class Channel>
-HostHandle openStream(FileObject* file, std::unique_ptr<Channel> channel);
-
 // The streams that FLR_OpenFile opens, in the modes of host/files.h. 0 on failure.
 HostHandle openToRead(const QV_FILEID& id);
 HostHandle openToWrite(const QV_FILEID& id, bool temporary);
-// A new stream on a file object.
+// A new stream to read on a file object.
 HostHandle reopen(FileObject* file);
 
 }  // namespace egfhost
