@@ -1,4 +1,4 @@
-#include "embedded_host/raster_store.h"
+#include "embedded_host/host_rasters.h"
 
 #include "host/memory.h"
 

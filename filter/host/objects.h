@@ -52,7 +52,8 @@ EGFHOST_API _mpl_spacept_tag* EEL_DiscretizeCurve(const _mpl_spacept_tag* contro
 /// Moves an object and its children by a distance in space units. The tree context is ignored.
 EGFHOST_API int EEL_MoveObject(HostHandle tree, _egf_obj* object, float dx, float dy);
 
-/// Turns an object and its children about a point, by millionths of a degree counter-clockwise.
+/// Turns an object and its children about a point, by millionths of a degree counter-clockwise. On
+/// failure, for want of memory, the first children may have been turned already.
 EGFHOST_API int EEL_RotateObject(HostHandle tree, _egf_obj* object, const _mpl_spacept_tag* pivot,
                                  std::int32_t angle, int reserved);
 

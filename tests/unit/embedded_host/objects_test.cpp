@@ -9,7 +9,7 @@
 #include "embedded_host/host_faults.h"
 #include "embedded_host/host_memory.h"
 #include "embedded_host/host_trees.h"
-#include "embedded_host/raster_store.h"
+#include "embedded_host/host_rasters.h"
 #include "host/egf_rows.h"
 #include "host/memory.h"
 #include "host/palettes.h"
