@@ -4,9 +4,11 @@
 
 #include <cstdint>
 
+#include "adapter_reader/adapter_state.h"
 #include "adapter_reader/mapping.h"
 #include "frame/entry_records.h"
 #include "host/egf.h"
+#include "host/egf_styles.h"
 #include "host/files.h"
 #include "host/objects.h"
 #include "host/palettes.h"
@@ -25,7 +27,7 @@ class CAdapterReader {
   HostHandle document = 0;  // or a view: set by the whole-file layer, 0 after opening
   std::int32_t silent = 1;
   HostHandle handler = 0;
-  _egf_obj* rootGroup = nullptr;       // only during ReadData, as the next three
+  _egf_obj* rootGroup = nullptr;  // only during ReadData, as the next three
   HostHandle map = 0;
   char* pageHeader = nullptr;
   char* pageRecord = nullptr;
@@ -36,8 +38,9 @@ class CAdapterReader {
   float viewportWidth = 0.0F;  // space units
   float viewportHeight = 0.0F;
   GroupStackNode* groupStack = nullptr;  // bottom node
+  egfsvg::AdapterState state;            // ours: what is the same for many elements
 
-  // Driver (svg_adapterreader.cpp, page_elements.cpp, page_groups.cpp).
+  // Driver (svg_adapterreader.cpp, page_elements.cpp, containers.cpp, page_palette.cpp).
   int OpenReader(_adapterOpenReader* record);
   int CloseReader();
   int PreprocessSource(_adapterPreprocess* record);
@@ -50,7 +53,7 @@ class CAdapterReader {
   void UpdatePalette(_sel_RGB_type colour);
   int _logError(int silent, int message);
 
-  // Casts (svgcast.cpp, dashes.cpp).
+  // Casts (svgcast.cpp, paint_codes.cpp, dashes.cpp).
   double SVGUnitToPixel(int unit, double res);
   double SVGValueToPixelValue(const _svg_value& value, double res);
   float castS32(const _svg_value& value);
@@ -73,7 +76,8 @@ class CAdapterReader {
   int SVGAngleToAngle(const _svg_angle& angle);
   double SVGAngleToRAD(const _svg_angle& angle);
 
-  // Coordinate mapping (mapping.cpp, viewport.cpp).
+  // Coordinate mapping (mapping.cpp, viewport.cpp). A map is the adapter's own block, or memory of
+  // the host while that is out; `_freeMapMatrix` takes both back.
   _viewPortMap* _findMapMatrix(_svg_common* element, _svg_viewbox* box, _svg_pa_viewports* ports);
   void _freeMapMatrix(_viewPortMap* map);
   void _transformPoint(_mpl_spacept_tag* point, _viewPortMap* map);
@@ -87,7 +91,28 @@ class CAdapterReader {
   _egf_obj* SVG_ViewPortCreate(_svg_svg* element, int isDefault);
   _egf_obj* SVG_formatEGFSvg(_svg_svg* element);
 
-  // Shapes (shape_rect.cpp, shape_ellipse.cpp, shape_lines.cpp, shape_parms.cpp, arcs.cpp).
+  // Plain paint (paint.cpp). A slot is the address of a pointer that starts null and gets a block
+  // of the host on first need; its owner is the caller. All return 0, or -1 out of memory.
+  int SetPathFillAndStrokeColor(_egf_gdi_fillparms_tag* pen, _egf_gdiplus_fillparms_tag** slot,
+                                _svg_pa_fill& fill, _svg_pa_stroke& stroke,
+                                _svg_pa_graphics& graphics);
+  int SetPgonFillAndStrokeColor(_egf_obj* object, _egf_gdiplus_fillparms_tag** slot,
+                                _svg_pa_fill& fill, _svg_pa_stroke& stroke,
+                                _svg_pa_graphics& graphics);
+  int SetElipsFillAndStrokeColor(_egf_obj* object, _egf_gdiplus_fillparms_tag** slot,
+                                 _svg_pa_fill& fill, _svg_pa_stroke& stroke,
+                                 _svg_pa_graphics& graphics);
+  int SetLineFillColor(_egf_obj* object, _egf_gdiplus_stroke_parms_tag** slot,
+                       _svg_pa_stroke& stroke, _svg_pa_graphics& graphics);
+  int SetPlineFillColor(_egf_obj* object, _egf_gdiplus_stroke_parms_tag** slot,
+                        _svg_pa_stroke& stroke, _svg_pa_graphics& graphics);
+  int _setGdiPlusJoinStyle(_egf_gdiplus_fillparms_tag** slot, _svg_pa_stroke& stroke);
+  int _setGdiPlusJoinStyle(_egf_gdiplus_stroke_parms_tag** slot, _svg_pa_stroke& stroke);
+  int _setGdiPlusCapStyle(_egf_gdiplus_fillparms_tag** slot, _svg_pa_stroke& stroke);
+  int _setGdiPlusCapStyle(_egf_gdiplus_stroke_parms_tag** slot, _svg_pa_stroke& stroke);
+
+  // Shapes (shape_rect.cpp, shape_ellipse.cpp, shape_lines.cpp, shape_parms.cpp, point_arrays.cpp),
+  // arcs (arcs.cpp).
   _egf_obj* SVG_formatEGFRect(_svg_rect* element);
   _egf_obj* SVG_formatEGFCircle(_svg_circle* element);
   _egf_obj* SVG_formatEGFEllipse(_svg_ellipse* element);
@@ -99,9 +124,8 @@ class CAdapterReader {
   _mpl_spacept_tag* svg_eel_discretizeArc(_mpl_spacept_tag* center, float rx, float ry,
                                           std::int32_t start, std::int32_t end,
                                           unsigned int* count);
-  _mpl_spacept_tag* svg_discretizeArc(_mpl_spacept_tag* center, float rx, float ry,
-                                      double rotation, std::int32_t start, std::int32_t end,
-                                      unsigned int* count);
+  _mpl_spacept_tag* svg_discretizeArc(_mpl_spacept_tag* center, float rx, float ry, double rotation,
+                                      std::int32_t start, std::int32_t end, unsigned int* count);
   void svg_UpdateObjBoundingBox(_mpl_spacerect_tag& box, _mpl_spacept_tag* points, int count);
   _mpl_spacept_tag* AddNewPointData(_mpl_spacept_tag* points, unsigned int* count,
                                     _mpl_spacept_tag* added, unsigned int n);
@@ -111,4 +135,9 @@ class CAdapterReader {
                     _svg_pa_fill& fill, _svg_pa_stroke& stroke, _svg_pa_graphics& graphics);
   int _setPathParms(_egf_obj* object, _mpl_spacerect_tag& bounds, _viewPortMap* map,
                     _svg_pa_fill& fill, _svg_pa_stroke& stroke, _svg_pa_graphics& graphics);
+
+  // Paths (svg_path.cpp, path_parts.cpp, flat_path.cpp).
+  int ArcToBezierCurve(double rotation, _mpl_spacept_tag center, double startDeg, double endDeg,
+                       double rx, double ry, int reverse, int large, _mpl_spacept_tag*& points,
+                       int* count);
 };

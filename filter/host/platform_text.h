@@ -24,7 +24,7 @@ EGFHOST_API char* wu_itoa(int value, char* text, int radix);
 
 // Formats without floating-point fields; returns the length. text holds kFormatTextSize bytes.
 EGFHOST_API int wsprintfA(char* text, const char* format, ...)
-    __attribute__((format(printf, 2, 3)));
+    __attribute__((__format__(__printf__, 2, 3)));
 
 // 16-bit units for bytes of a code page, and back. A source length of -1 means up to and with the
 // zero; a target size of 0 asks for the length needed. 0 on failure. What a code page cannot

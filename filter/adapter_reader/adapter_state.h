@@ -1,0 +1,33 @@
+// What an adapter keeps besides its required members: one block for the map of the element at hand,
+// and, while a page is being read, answers that would be the same for every element.
+#pragma once
+
+#include <cstdint>
+
+#include "adapter_reader/dash_index.h"
+#include "adapter_reader/mapping.h"
+#include "adapter_reader/seen_colours.h"
+#include "adapter_reader/style_numbers.h"
+#include "adapter_reader/transform_cache.h"
+
+namespace egfsvg {
+
+/// The map that `_findMapMatrix` hands out when no other one is out. It takes no memory of its own.
+struct MapBlock {
+  bool inUse = false;
+  _viewPortMap map;
+  _userSpace userSpace;
+  _viewBox viewBox;
+};
+
+struct AdapterState {
+  bool pageOpen = false;
+  double resolution = 0.0;  // of the page's map, in pixels per inch; 0 outside a page
+  MapBlock mapBlock;
+  TransformCache transforms;
+  SeenColours colours;
+  StyleNumbers styles;
+  DashIndex dashes;
+};
+
+}  // namespace egfsvg

@@ -1,0 +1,43 @@
+#include "adapter_reader/page.h"
+
+#include "adapter_reader/group_stack.h"
+#include "adapter_reader/svg_adapterreader.h"
+#include "host/documents.h"
+#include "host/egf_blocks.h"
+
+namespace egfsvg {
+namespace {
+
+void enterContainer(CAdapterReader& adapter, HostHandle container) {
+  auto* body = blockBody<EgfTreeBody>(at<EgfBlockHeader>(container));
+  adapter.pageRecord = reinterpret_cast<char*>(body);
+  adapter.rootGroup = body == nullptr ? nullptr : body->root.get();
+  adapter.pageHeader = body == nullptr ? nullptr : reinterpret_cast<char*>(&body->pageHeader);
+}
+
+}  // namespace
+
+/// A page that was broken off may have left its groups open.
+PageScope::PageScope(CAdapterReader& adapter, const _adapterReadData& record) : adapter_(adapter) {
+  openGroups = {};
+  releaseGroupStack(adapter);
+  adapter.viewportWidth = 0.0F;
+  adapter.viewportHeight = 0.0F;
+  enterContainer(adapter, record.container);
+  adapter.map = ISL_GetViewProperty(record.view, 0, kViewMap);
+  adapter.state.resolution = resolutionOf(adapter);
+  adapter.state.styles.beginPage();
+  loadDashTable(adapter);
+}
+
+PageScope::~PageScope() {
+  freeDashTable(adapter_);
+  adapter_.state.styles.endPage();
+  adapter_.state.resolution = 0.0;
+  adapter_.pageHeader = nullptr;
+  adapter_.pageRecord = nullptr;
+  adapter_.rootGroup = nullptr;
+  adapter_.map = 0;
+}
+
+}  // namespace egfsvg

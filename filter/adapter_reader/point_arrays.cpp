@@ -1,0 +1,112 @@
+#include "adapter_reader/point_arrays.h"
+
+#include <cstring>
+
+#include "adapter_reader/owners.h"
+#include "adapter_reader/page.h"
+#include "adapter_reader/svg_adapterreader.h"
+#include "host/egf_templates.h"
+#include "model/rmm_allocator.h"
+
+namespace egfsvg {
+
+_egf_obj* allocateObject(int objClass, const char* file, int line) {
+  auto* object = static_cast<_egf_obj*>(RMM_ChownName(EEL_AllocObject(objClass, file, line)));
+  if (object == nullptr) logOutOfMemory(file, line);
+  return object;
+}
+
+void setPolygonTemplate(EgfPolygon* polygon) {
+  polygon->pen = kPolygonPen;
+  polygon->trailingWord = kPolygonTrailingWord;
+}
+
+void rectCorners(CAdapterReader& adapter, const _svg_point& origin, const _svg_value& width,
+                 const _svg_value& height, _mpl_spacept_tag (&corners)[kRectCorners]) {
+  const double res = resolutionOf(adapter);
+  const double x = adapter.SVGValueToPixelValue(origin.x, res);
+  const double y = adapter.SVGValueToPixelValue(origin.y, res);
+  const auto left = static_cast<float>(x * kSpaceUnits);
+  const auto top = static_cast<float>(y * kSpaceUnits);
+  const auto right =
+      static_cast<float>((x + adapter.SVGValueToPixelValue(width, res)) * kSpaceUnits);
+  const auto bottom =
+      static_cast<float>((y + adapter.SVGValueToPixelValue(height, res)) * kSpaceUnits);
+  corners[0] = {left, top};
+  corners[1] = {left, bottom};
+  corners[2] = {right, bottom};
+  corners[3] = {right, top};
+}
+
+bool setPoints(EgfPolygon* polygon, const _mpl_spacept_tag* points, std::int32_t count) {
+  auto* copy = allocateArray<_mpl_spacept_tag>(static_cast<std::size_t>(count), RMM_SITE);
+  if (copy == nullptr) {
+    logOutOfMemory(RMM_SITE);
+    return false;
+  }
+  std::memcpy(copy, points, static_cast<std::size_t>(count) * sizeof *copy);
+  polygon->points = copy;
+  polygon->pointCount = count;
+  return true;
+}
+
+_mpl_spacept_tag* convertedPoints(CAdapterReader& adapter, const _svg_point* points,
+                                  std::int32_t count) {
+  auto* converted = allocateArray<_mpl_spacept_tag>(static_cast<std::size_t>(count), RMM_SITE);
+  if (converted == nullptr) {
+    logOutOfMemory(RMM_SITE);
+    return nullptr;
+  }
+  for (std::int32_t i = 0; i < count; ++i) adapter.SVGPointToPts(points[i], &converted[i]);
+  return converted;
+}
+
+void mapPoints(CAdapterReader& adapter, _mpl_spacept_tag* points, std::int32_t count,
+               _viewPortMap* map) {
+  if (map == nullptr) return;
+  for (std::int32_t i = 0; i < count; ++i) adapter._transformPoint(&points[i], map);
+}
+
+_mpl_spacerect_tag pixelBounds(CAdapterReader& adapter, _mpl_spacept_tag* points,
+                               std::int32_t count, double margin) {
+  _mpl_spacerect_tag box{points[0].x, points[0].x, points[0].y, points[0].y};
+  adapter.svg_UpdateObjBoundingBox(box, points, count);
+  const auto side = [](float edge, double by) {
+    return static_cast<float>(static_cast<double>(edge) / kSpaceUnits + by);
+  };
+  return {side(box.left, -margin), side(box.right, margin), side(box.top, -margin),
+          side(box.bottom, margin)};
+}
+
+double penWidth(CAdapterReader& adapter, const _svg_value& strokeWidth) {
+  __meas width;
+  adapter.castLineThickness(strokeWidth, &width);
+  return width.value;
+}
+
+}  // namespace egfsvg
+
+using namespace egfsvg;
+
+void CAdapterReader::svg_UpdateObjBoundingBox(_mpl_spacerect_tag& box, _mpl_spacept_tag* points,
+                                              int count) {
+  for (int i = 0; i < count; ++i) {
+    const _mpl_spacept_tag point = points[i];
+    if (point.x < box.left) box.left = point.x;
+    if (point.x > box.right) box.right = point.x;
+    if (point.y < box.top) box.top = point.y;
+    if (point.y > box.bottom) box.bottom = point.y;
+  }
+}
+
+/// The array stays the caller's, unchanged, when memory runs out and the result is null.
+_mpl_spacept_tag* CAdapterReader::AddNewPointData(_mpl_spacept_tag* points, unsigned int* count,
+                                                  _mpl_spacept_tag* added, unsigned int n) {
+  void* grown =
+      RMM_ReAllocName(points, std::size_t{*count} + n, sizeof(_mpl_spacept_tag), RMM_SITE);
+  if (grown == nullptr) return nullptr;
+  auto* all = static_cast<_mpl_spacept_tag*>(grown);
+  if (added != nullptr) std::memcpy(&all[*count], added, n * sizeof *all);
+  *count += n;
+  return all;
+}

@@ -1,0 +1,148 @@
+// Circles and ellipses. A host ellipse can be moved, scaled and turned; a sheared one becomes a
+// polygon.
+
+#include <cmath>
+
+#include "adapter_reader/owners.h"
+#include "adapter_reader/point_arrays.h"
+#include "adapter_reader/shape_paint.h"
+#include "adapter_reader/shapes.h"
+#include "adapter_reader/svg_adapterreader.h"
+#include "geometry/angles.h"
+#include "geometry/matrix.h"
+#include "host/egf_bits.h"
+#include "host/egf_templates.h"
+#include "model/numbers.h"
+
+namespace egfsvg {
+namespace {
+
+/// A circle or ellipse element by what both have.
+struct RoundShape {
+  _svg_common& head;
+  _svg_pa_fill& fill;
+  _svg_pa_stroke& stroke;
+  _svg_pa_graphics& graphics;
+  _svg_point center;
+  const _svg_value& rx;
+  const _svg_value& ry;
+};
+
+_mpl_spacerect_tag roundBounds(const EgfEllipse& ellipse, double margin) {
+  const auto radius = [](float edge, float middle) {
+    return std::fabs(std::trunc(static_cast<double>(edge) - static_cast<double>(middle)));
+  };
+  const auto side = [&](float middle, double away, double by) {
+    return static_cast<float>((static_cast<double>(middle) + away) / kSpaceUnits + by);
+  };
+  const double rx = radius(ellipse.radiusPt.x, ellipse.center.x);
+  const double ry = radius(ellipse.radiusPt.y, ellipse.center.y);
+  return {side(ellipse.center.x, -rx, -margin), side(ellipse.center.x, rx, margin),
+          side(ellipse.center.y, -ry, -margin), side(ellipse.center.y, ry, margin)};
+}
+
+void placeEllipse(CAdapterReader& adapter, const RoundShape& shape, EgfEllipse* ellipse) {
+  ellipse->pen = kEllipsePen;
+  ellipse->pen.ellipseRotation = 0;
+  ellipse->pen.scaleFactor = 1.0;
+  ellipse->startAngle = 0;
+  ellipse->endAngle = kFullTurn;
+  _mpl_spacept_tag center;
+  _mpl_spacept_tag edge;
+  adapter.SVGPointToPts(shape.center, &center);
+  adapter.SVGPointToPts(shape.center, shape.rx, shape.ry, &edge);
+  ellipse->center = center;
+  ellipse->radiusPt = edge;
+}
+
+/// Moves, scales and turns the ellipse itself. Host angles run against SVG's.
+void mapEllipse(CAdapterReader& adapter, _viewPortMap* map, const Decomposition& parts,
+                EgfEllipse* ellipse) {
+  const double dx =
+      static_cast<double>(ellipse->radiusPt.x) - static_cast<double>(ellipse->center.x);
+  const double dy =
+      static_cast<double>(ellipse->radiusPt.y) - static_cast<double>(ellipse->center.y);
+  _mpl_spacept_tag center = ellipse->center;
+  adapter._transformPoint(&center, map);
+  ellipse->center = center;
+  ellipse->radiusPt = {static_cast<float>(dx * parts.scaleX + static_cast<double>(center.x)),
+                       static_cast<float>(dy * parts.scaleY + static_cast<double>(center.y))};
+  ellipse->pen.ellipseRotation =
+      truncated<std::int32_t>(-settledDegrees(degreesOf(parts.rotation)) * kMillionths);
+}
+
+/// A new polygon of the ellipse's outline, mapped. Null, with the fault logged, out of memory.
+ObjectOwner shearedOutline(CAdapterReader& adapter, _egf_obj* ellipse, _viewPortMap* map) {
+  ObjectOwner object(static_cast<_egf_obj*>(RMM_ChownName(EEL_XlatEllipseToPolygon(ellipse, 0))));
+  if (!object) {
+    logOutOfMemory(RMM_SITE);
+    return object;
+  }
+  auto* polygon = as<EgfPolygon>(object.get());
+  polygon->pen.modeFlags = FigureBits::with(polygon->pen.modeFlags, kFigureClosed);
+  mapPoints(adapter, polygon->points.get(), polygon->pointCount, map);
+  return object;
+}
+
+/// Gradient, fill code and style numbers of the object that the ellipse has become.
+bool finishRound(FilledPaint& paint, const FilledForm& form, FilledPen& pen, _viewPortMap* map,
+                 const _mpl_spacerect_tag& bounds, _egf_obj* object) {
+  if (!paint.setGradient(form, map, bounds, object)) return false;
+  paint.setFillStyle(pen);
+  paint.storeStyles(form, object);
+  return true;
+}
+
+_egf_obj* formatRound(CAdapterReader& adapter, const RoundShape& shape) {
+  if (isHidden(shape.graphics)) return nullptr;
+  ObjectOwner object(allocateObject(kClassEllipse, RMM_SITE));
+  if (!object) return nullptr;
+  auto* ellipse = as<EgfEllipse>(object.get());
+  placeEllipse(adapter, shape, ellipse);
+  const _mpl_spacerect_tag bounds =
+      roundBounds(*ellipse, penWidth(adapter, shape.stroke.strokeWidth));
+  const MapOwner map(adapter, adapter._findMapMatrix(&shape.head, nullptr, nullptr));
+  if (!map) return nullptr;
+  FilledPaint paint(adapter, shape.fill, shape.stroke, shape.graphics);
+  paint.setPen(filledPen(ellipse->pen), shapeNeedsRecord);
+  Decomposition parts;
+  decomposeMatrix(map.get()->userSpace->matrix.m, &parts);
+  if (parts.shear > 0.0) {  // kept: a negative shear counts as none
+    object = shearedOutline(adapter, object.get(), map.get());
+    if (!object) return nullptr;
+    FilledPen& pen = filledPen(as<EgfPolygon>(object.get())->pen);
+    if (!finishRound(paint, kShearedForm, pen, map.get(), bounds, object.get())) return nullptr;
+    EGF_CalcPolygonMer(object.get(), adapter.map);
+    return object.release();
+  }
+  mapEllipse(adapter, map.get(), parts, ellipse);
+  FilledPen& pen = filledPen(ellipse->pen);
+  if (!finishRound(paint, kEllipseForm, pen, map.get(), bounds, object.get())) return nullptr;
+  EGF_CalcEllipseMer(&bounds, object.get());
+  return object.release();
+}
+
+}  // namespace
+}  // namespace egfsvg
+
+using namespace egfsvg;
+
+_egf_obj* CAdapterReader::SVG_formatEGFCircle(_svg_circle* element) {
+  return formatRound(*this, {element->head,
+                             element->fill,
+                             element->stroke,
+                             element->graphics,
+                             {element->cx, element->cy},
+                             element->r,
+                             element->r});
+}
+
+_egf_obj* CAdapterReader::SVG_formatEGFEllipse(_svg_ellipse* element) {
+  return formatRound(*this, {element->head,
+                             element->fill,
+                             element->stroke,
+                             element->graphics,
+                             {element->cx, element->cy},
+                             element->rx,
+                             element->ry});
+}

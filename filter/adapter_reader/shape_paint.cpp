@@ -1,0 +1,114 @@
+#include "adapter_reader/shape_paint.h"
+
+#include "adapter_reader/point_arrays.h"
+#include "adapter_reader/svg_adapterreader.h"
+
+namespace egfsvg {
+
+const FilledForm kPolygonForm{offsetof(EgfPolygon, fillParmsNo),
+                              offsetof(EgfPolygon, fillGradientNo),
+                              offsetof(EgfPolygon, strokeGradientNo), nullptr};
+/// Kept: the number of a stroke's gradient is not stored here.
+const FilledForm kShearedForm{offsetof(EgfPolygon, fillParmsNo),
+                              offsetof(EgfPolygon, fillGradientNo), kNotKept, nullptr};
+const FilledForm kEllipseForm{offsetof(EgfEllipse, fillParmsNo),
+                              offsetof(EgfEllipse, fillGradientNo),
+                              offsetof(EgfEllipse, strokeGradientNo), nullptr};
+const FilledForm kPathForm{offsetof(EgfPath, fillParmsNo), offsetof(EgfPath, fillGradientNo),
+                           offsetof(EgfPath, strokeGradientNo), nullptr};
+const StrokedForm kLineForm{offsetof(EgfLine, strokeParmsNo), offsetof(EgfLine, strokeGradientNo),
+                            lineAlpha, nullptr};
+const StrokedForm kPolylineForm{offsetof(EgfPolyline, strokeParmsNo),
+                                offsetof(EgfPolyline, strokeGradientNo), polylineAlpha, nullptr};
+
+namespace {
+
+void storeNumber(CAdapterReader& adapter, _egf_obj* object, std::size_t place, const auto& slot) {
+  if (!slot) return;
+  const std::uint32_t number = adapter.state.styles.number(adapter.document, *slot.get());
+  if (place != kNotKept) writePacked(object, place, number);
+}
+
+/// Runs a form's setter; a form without one goes on without a gradient.
+template <class Parms>
+bool runSetter(CAdapterReader& adapter, GradientSetter<Parms> setter, _viewPortMap* map,
+               const _mpl_spacerect_tag& bounds, _egf_obj* object, StyleSlot<Parms>& parms,
+               GradientSlot& ramp, _svg_gradient* gradient) {
+  return setter == nullptr ||
+         (adapter.*setter)(map, bounds, object, parms.address(), ramp.address(), gradient) == 0;
+}
+
+}  // namespace
+
+void FilledPaint::setPen(FilledPen& pen, bool (*needsRecord)(const Alphas&)) {
+  pen.lineWidth = {kMeasureDevice, penWidth(adapter_, stroke_.strokeWidth)};
+  pen.lineStyle = adapter_.castLineStyle(stroke_.strokeDashOffset, stroke_.strokeDashArray,
+                                         stroke_.strokeDashCount);
+  strokeCode_ = adapter_.castFillStyle(stroke_, graphics_);
+  fillCode_ = adapter_.castFillStyle(fill_, graphics_);
+  paintFilled(adapter_, pen, needsRecord, parms_, fill_, stroke_, graphics_);
+}
+
+bool FilledPaint::setGradient(const FilledForm& form, _viewPortMap* map,
+                              const _mpl_spacerect_tag& bounds, _egf_obj* object) {
+  if (isGradientCode(fillCode_)) {
+    return runSetter(adapter_, form.setGradient, map, bounds, object, parms_, fillRamp_,
+                     fill_.fillGradient);
+  }
+  return !isGradientCode(strokeCode_) || runSetter(adapter_, form.setGradient, map, bounds, object,
+                                                   parms_, strokeRamp_, stroke_.strokeGradient);
+}
+
+void FilledPaint::setFillStyle(FilledPen& pen) {
+  pen.fillStyle = static_cast<std::uint8_t>(fillCode_);
+  if (parms_) parms_.get()->strokeFillStyle = static_cast<std::uint32_t>(strokeCode_);
+}
+
+void FilledPaint::setJoin(FilledPen& pen) {
+  pen.joinStyle = static_cast<std::uint8_t>(adapter_.castJoinStyle(stroke_));
+  if (pen.joinStyle != kJoinRound) joinStyleTo(parms_, stroke_);
+}
+
+void FilledPaint::setCaps() { capStyleTo(parms_, adapter_.castLineCap(stroke_.strokeLinecap)); }
+
+void FilledPaint::storeStyles(const FilledForm& form, _egf_obj* object) {
+  storeNumber(adapter_, object, form.fillParmsNo, parms_);
+  storeNumber(adapter_, object, form.fillGradientNo, fillRamp_);
+  storeNumber(adapter_, object, form.strokeGradientNo, strokeRamp_);
+}
+
+void StrokedPaint::setPen(StrokedPen& pen) {
+  pen.lineWidth = {kMeasureDevice, penWidth(adapter_, stroke_.strokeWidth)};
+  pen.lineStyle = adapter_.castLineStyle(stroke_.strokeDashOffset, stroke_.strokeDashArray,
+                                         stroke_.strokeDashCount);
+  pen.rasterOp = static_cast<std::uint8_t>(adapter_.castRasterOperat(stroke_, graphics_));
+  strokeCode_ = adapter_.castFillStyle(stroke_, graphics_);
+  pen.capStyle = static_cast<std::uint8_t>(adapter_.castLineCap(stroke_.strokeLinecap));
+}
+
+/// A butt cap stands in the extended record too.
+bool StrokedPaint::setColour(const StrokedForm& form, _viewPortMap* map,
+                             const _mpl_spacerect_tag& bounds, _egf_obj* object, StrokedPen& pen) {
+  if (!isGradientCode(strokeCode_)) {
+    paintStroked(adapter_, pen, form.alpha(stroke_, graphics_), parms_, stroke_);
+  } else if (!runSetter(adapter_, form.setGradient, map, bounds, object, parms_, ramp_,
+                        stroke_.strokeGradient)) {
+    return false;
+  }
+  if (parms_) parms_.get()->strokeFillStyle = static_cast<std::uint8_t>(strokeCode_);
+  if (pen.capStyle == kCapButt) capStyleTo(parms_, pen.capStyle);
+  return true;
+}
+
+std::uint8_t StrokedPaint::setJoin() {
+  const auto join = static_cast<std::uint8_t>(adapter_.castJoinStyle(stroke_));
+  if (join != kJoinRound) joinStyleTo(parms_, stroke_);
+  return join;
+}
+
+void StrokedPaint::storeStyles(const StrokedForm& form, _egf_obj* object) {
+  storeNumber(adapter_, object, form.strokeParmsNo, parms_);
+  storeNumber(adapter_, object, form.strokeGradientNo, ramp_);
+}
+
+}  // namespace egfsvg

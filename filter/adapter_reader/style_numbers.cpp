@@ -1,0 +1,56 @@
+#include "adapter_reader/style_numbers.h"
+
+#include <cstring>
+
+#include "host/documents.h"
+#include "host/memory.h"
+#include "host/style_tables.h"
+
+namespace egfsvg {
+
+void StyleNumbers::beginPage() {
+  *this = {};
+  pageOpen_ = true;
+}
+
+void StyleNumbers::endPage() { *this = {}; }
+
+template <class Record>
+std::uint32_t StyleNumbers::offer(HostHandle document, StyleClass styleClass, const Record& record,
+                                  Last<Record>& last) {
+  if (pageOpen_ && last.number != 0 && std::memcmp(&last.record, &record, sizeof record) == 0) {
+    return last.number;
+  }
+  HostHandle table = pageOpen_ ? last.table : 0;
+  if (table == 0) {
+    table = ISL_GetProperty(OBJ_GetRootTrace(document, RMM_SITE),
+                            static_cast<std::uint32_t>(styleClass));
+  }
+  const std::uint32_t number = STYLE_AppendUnique(table, sizeof record, &record);
+  if (number != 0) last = {table, number, record};
+  return number;
+}
+
+std::uint32_t StyleNumbers::number(HostHandle document, const _egf_gdi_fillparms_tag& pen) {
+  static_assert(sizeof pen == 52);
+  return offer(document, kStylePen, pen, pen_);
+}
+
+std::uint32_t StyleNumbers::number(HostHandle document, const _egf_gdiplus_fillparms_tag& parms) {
+  static_assert(sizeof parms == 56);
+  return offer(document, kStyleFill, parms, fill_);
+}
+
+std::uint32_t StyleNumbers::number(HostHandle document,
+                                   const _egf_gdiplus_stroke_parms_tag& parms) {
+  static_assert(sizeof parms == 52);
+  return offer(document, kStyleStroke, parms, stroke_);
+}
+
+std::uint32_t StyleNumbers::number(HostHandle document,
+                                   const _egf_gdiplus_gradientparms_tag& ramp) {
+  static_assert(sizeof ramp == 204);
+  return offer(document, kStyleGradient, ramp, gradient_);
+}
+
+}  // namespace egfsvg

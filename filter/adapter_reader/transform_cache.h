@@ -1,0 +1,49 @@
+// The products along the last transform list. Elements of one group share the head of their lists,
+// so only what differs from the list before is multiplied again.
+#pragma once
+
+#include <cstdint>
+
+#include "geometry/matrix.h"
+#include "model/rmm_allocator.h"
+#include "model/values.h"
+
+namespace egfsvg {
+
+/// What the numbers of a list depend on besides the list.
+struct TransformScene {
+  double resolution = 0.0;
+  float viewportWidth = 0.0F;
+  float viewportHeight = 0.0F;
+
+  bool operator==(const TransformScene&) const = default;
+};
+
+class TransformCache {
+ public:
+  /// How many entries at the head of the list are those of the kept list; their product is stored.
+  /// The kept list is cut to that head.
+  std::int32_t match(const TransformScene& scene, const transformEntry* entries, std::int32_t count,
+                     MatrixRows& product);
+
+  /// Keeps an entry behind the kept list. Does nothing when memory ran out, or once an entry before
+  /// it could not be kept.
+  void keep(const transformEntry& entry, std::int32_t position, const MatrixRows& product);
+
+ private:
+  static constexpr std::int32_t kMostArgs = 6;
+
+  struct Step {
+    std::int32_t kind;
+    std::int32_t argCount;
+    _svg_value args[kMostArgs];
+    MatrixRows product;
+  };
+
+  static bool same(const Step& step, const transformEntry& entry);
+
+  TransformScene scene_;
+  GrowingArray<Step> steps_{RMM_SITE};
+};
+
+}  // namespace egfsvg
