@@ -49,7 +49,7 @@ class CHandlerReader {
   _svg_container* container = nullptr;  // owned
   egfsvg::ReaderState state;            // ours: scratch blocks, limits, settings, caches
 
-  // Tag and attribute stream (tag_scanner.cpp, attribute_scanner.cpp).
+  // Tag and attribute stream (tag_scanner.cpp, attribute_scanner.cpp, skipped_text.cpp).
   int GetNextTag(int* index);
   int GetNextPoiterTag(char** name);
   int GetNextAttribPair(_svg_attrib_pair* pair);
@@ -66,6 +66,10 @@ class CHandlerReader {
   int ParseStyleSheetsAndReferences();
   int StartGasGauge(HostHandle file, const char* caption);
   int UpdateGasGauge();
+  /// UpdateGasGauge, where it could have an effect.
+  void stepGauge() {
+    if (buffer.fileIndex >= state.gaugeThreshold) UpdateGasGauge();
+  }
   int FinishGasGauge();
   void DestroySVGElemsTable();
   void DestroyGroupTable();

@@ -1,0 +1,164 @@
+// The tag stream: on to the next known tag, or to an entity reference before it. Nothing checks
+// that tags nest.
+#include <algorithm>
+#include <cstring>
+
+#include "host/diagnostics.h"
+#include "model/characters.h"
+#include "model/name_tables.h"
+#include "model/rmm_allocator.h"
+#include "reader/scan_classes.h"
+#include "reader/svg_handlerreader.h"
+
+using egfsvg::SourceCursor;
+
+namespace {
+
+constexpr int kSourceEnd = cBuffer::kSourceEnd;
+constexpr std::int32_t kTagNameRoom = 128;     // a name of that many bytes is never known
+constexpr std::int32_t kEntityNameRoom = 128;  // with the terminator
+constexpr char kCommentOpener[] = "!--";
+constexpr char kCDataOpener[] = "![CDATA[";
+constexpr std::int32_t kCommentOpenerLength = 3;
+constexpr std::int32_t kCDataOpenerLength = 8;
+
+/// A tag name as far as it matters, and how the scan of it ended.
+struct TagName {
+  const char* first = nullptr;  // in the block or in `copy`; good until the next refill
+  std::int32_t length = 0;      // of the name, without what ended it
+  int code = egfsvg::kTagNone;
+  int last = kSourceEnd;  // the byte that ended it
+  bool early = false;     // an opener that was known before its name had ended
+  char copy[kTagNameRoom];
+};
+
+/// On to `wanted`, which is taken; false at the end of the source.
+bool skipPast(SourceCursor& source, char wanted) {
+  do {
+    const auto left = static_cast<std::size_t>(source.end() - source.at());
+    const void* hit = left == 0 ? nullptr : std::memchr(source.at(), wanted, left);
+    if (hit != nullptr) {
+      source.moveTo(static_cast<const char*>(hit) + 1);
+      return true;
+    }
+    source.moveTo(source.end());
+  } while (source.refill());
+  return false;
+}
+
+/// A plain name that stands whole in the block. False, with nothing taken, for any other.
+bool readPlainName(SourceCursor& source, TagName& name) {
+  const char* const first = source.at();
+  const char* const last = first + std::min<std::ptrdiff_t>(source.end() - first, kTagNameRoom - 1);
+  const char* at = first;
+  while (at != last && !egfsvg::isScanned(*at, egfsvg::kEndsTagName | egfsvg::kOddInTagName)) ++at;
+  if (at == last || egfsvg::isScanned(*at, egfsvg::kOddInTagName)) return false;
+  name.first = first;
+  name.length = static_cast<std::int32_t>(at - first);
+  name.last = static_cast<unsigned char>(*at);
+  const int code = egfsvg::tagCode(first, static_cast<std::size_t>(name.length));
+  name.code = std::max<int>(code, egfsvg::kTagNone);
+  source.moveTo(at + 1);
+  return true;
+}
+
+bool opens(const TagName& name, const char* opener, std::int32_t length) {
+  return name.length == length &&
+         std::memcmp(name.copy, opener, static_cast<std::size_t>(length)) == 0;
+}
+
+/// Comments and CDATA are known before their name has ended.
+bool endEarly(TagName& name, int code) {
+  name.code = code;
+  return name.early = true;
+}
+
+/// Byte by byte. CDATA is known at once; a comment by the byte behind its opener, which is taken,
+/// also when the source ends there. False at the end of the source.
+bool readOddName(SourceCursor& source, TagName& name) {
+  name.first = name.copy;
+  for (;;) {
+    if (opens(name, kCDataOpener, kCDataOpenerLength)) return endEarly(name, egfsvg::kTagCData);
+    name.last = source.next();
+    if (opens(name, kCommentOpener, kCommentOpenerLength)) {
+      return endEarly(name, egfsvg::kTagComment);
+    }
+    if (name.last == kSourceEnd) return false;
+    const char byte = static_cast<char>(name.last);
+    if (egfsvg::isScanned(byte, egfsvg::kEndsTagName)) break;
+    if (name.length < kTagNameRoom) name.copy[name.length] = byte;
+    ++name.length;
+  }
+  if (name.length >= kTagNameRoom) return true;
+  // A zero byte inside a name ends the compared text.
+  const std::size_t length = strnlen(name.copy, static_cast<std::size_t>(name.length));
+  name.code = std::max<int>(egfsvg::tagCode(name.copy, length), egfsvg::kTagNone);
+  return true;
+}
+
+/// Elements that are passed over as unknown; closers, declarations and instructions are not told.
+void reportUnknown(const TagName& name, std::int32_t tagIndex) {
+  char text[kTagNameRoom];
+  const std::int32_t length = std::min(name.length, kTagNameRoom - 1);
+  if (length == 0 || std::strchr("/!?", name.first[0]) != nullptr) return;
+  std::memcpy(text, name.first, static_cast<std::size_t>(length));
+  text[length] = '\0';
+  egfsvg::logDiagnostic(egfsvg::Diagnostic::kUnknownElement, static_cast<std::uint32_t>(tagIndex),
+                        text, RMM_SITE);
+}
+
+}  // namespace
+
+int CHandlerReader::GetNextTag(int* index) {
+  SourceCursor source(buffer);
+  while (skipPast(source, '<')) {
+    TagName name;
+    if (!readPlainName(source, name) && !readOddName(source, name)) return egfsvg::kTagEnd;
+    // Kept: CDATA is known one byte early, so its index is one before its "<".
+    const std::int32_t tagIndex = source.fileIndex() - name.length - 2;
+    if (index != nullptr) *index = tagIndex;
+    if (name.early) return name.code;
+    hasAttributes = name.last == '>' ? 0 : 1;
+    if (source.fileIndex() >= state.gaugeThreshold) {
+      source.sync();
+      UpdateGasGauge();
+    }
+    if (name.code != egfsvg::kTagNone) return name.code;
+    if (state.reporting) reportUnknown(name, tagIndex);
+  }
+  return egfsvg::kTagEnd;
+}
+
+int CHandlerReader::GetNextPoiterTag(char** name) {
+  SourceCursor source(buffer);
+  int byte;
+  do {
+    byte = source.next();
+    if (byte == kSourceEnd) return egfsvg::kTagNone;
+  } while (byte != '<' && byte != '&');
+
+  int result = egfsvg::kTagNone;
+  if (byte == '&') {
+    char text[kEntityNameRoom];
+    std::int32_t length = 0;
+    for (byte = source.next(); length < kEntityNameRoom; byte = source.next()) {
+      if (byte == kSourceEnd || byte == ';' || byte == '<') break;
+      if (egfsvg::isWhite(static_cast<char>(byte))) break;
+      text[length++] = static_cast<char>(byte);
+      if (length == kEntityNameRoom) break;
+    }
+    if (length > 0) {
+      const std::int32_t kept = std::min(length, kEntityNameRoom - 1);
+      *name = egfsvg::allocateArray<char>(kEntityNameRoom, RMM_SITE);
+      if (*name == nullptr) {
+        state.outOfMemory = true;
+      } else {
+        std::memcpy(*name, text, static_cast<std::size_t>(kept));
+        (*name)[kept] = '\0';
+        result = egfsvg::kTagEntityReference;
+      }
+    }
+  }
+  if (byte == '<') source.moveTo(source.at() - 1);
+  return result;
+}
