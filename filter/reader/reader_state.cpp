@@ -1,8 +1,17 @@
 #include "reader/reader_state.h"
 
+#include <algorithm>
+
 #include "model/rmm_allocator.h"
 
 namespace egfsvg {
+
+namespace {
+
+/// References nest by recursion, so that no setting goes beyond this.
+constexpr std::uint32_t kDeepestReferences = 1024;
+
+}  // namespace
 
 SpareBlocks::Block SpareBlocks::take(std::int32_t size) {
   while (count_ > 0) {
@@ -25,6 +34,29 @@ void SpareBlocks::giveBack(Block block) {
 
 void SpareBlocks::clear() {
   while (count_ > 0) RMM_Free(blocks_[--count_].memory);
+}
+
+void ReaderState::beginRead() {
+  limits.maxNesting = maxNesting();
+  limits.maxReferenceDepth = std::min(maxReferenceDepth(), kDeepestReferences);
+  limits.maxReferencedObjects = maxReferencedObjects();
+  settings.compactNumbers = settingOn(Setting::kCompactNumbers);
+  settings.useAnywhere = settingOn(Setting::kUseAnywhere);
+  settings.plainStyle = settingOn(Setting::kPlainStyle);
+  settings.trueCurves = settingOn(Setting::kTrueCurves);
+  settings.diagnostics = settingOn(Setting::kDiagnostics);
+  nesting = referenceDepth = definitionDepth = switchDepth = 0;
+  referencedObjects = 0;
+  budgetIsSpent = outOfMemory = stopped = reporting = false;
+  localStyleDepth = 0;
+  gaugeThreshold = 0;
+}
+
+/// The first pass does not fail: what it could not keep is not in the tables.
+void ReaderState::beginSecondPass() {
+  outOfMemory = false;
+  reporting = settings.diagnostics;
+  gaugeThreshold = 0;
 }
 
 ScratchPair::ScratchPair(ReaderState& lender) : state(lender) {

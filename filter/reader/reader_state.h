@@ -55,13 +55,20 @@ class SpareBlocks {
 };
 
 struct ReaderState {
+  /// Counters at their start, limits and settings as the host has them now.
+  void beginRead();
+  void beginSecondPass();
+
   ReaderLimits limits;
   ReaderSettings settings;
   std::uint32_t nesting = 0;            // open g and svg elements
   std::uint32_t referenceDepth = 0;     // open references
+  std::uint32_t definitionDepth = 0;    // open defs
+  std::uint32_t switchDepth = 0;        // open switches
   std::uint32_t referencedObjects = 0;  // objects sent through references so far
+  bool budgetIsSpent = false;           // no more objects through references
   bool outOfMemory = false;             // an allocation failed: the read ends with that
-  bool callbackStopped = false;         // a callback inside a nested enumeration returned 0
+  bool stopped = false;                 // something inside a nested enumeration ends the read
   bool reporting = false;               // what is dropped is logged: set in the second pass
   std::int32_t gaugeThreshold = 0;      // file index below which the gauge cannot move
   SpareBlocks values;                   // value blocks of attribute pairs

@@ -78,22 +78,26 @@ class CHandlerReader {
   void DestroySVGStyleTable();
   void DestroyLocalRefTable();
   void DestroyGradientTable();
+  void destroyTables();  // all of them
 
-  // The second pass (enumeration.cpp, enumerate_groups.cpp, enumerate_defs.cpp).
+  // The second pass (enumeration.cpp, markup.cpp, enumerate_defs.cpp).
+  void beginRead();
+  void endRead();
   int EnumerateData(_handlerEnumData* record, QV_FILEID* file);
   int EnumerateMarkupData(_handlerEnumData* record, _svg_group* group);
   void EnumerateDefTagData(_svg_common* parent, int index);
 
-  // References and switch (references.cpp, switch.cpp).
+  // References and switch (local_refs.cpp, definitions.cpp, references.cpp, switch.cpp).
   int CreateLocalRefTable(int tag);
   int UpdateLocalRefTable(int tag, int index);
+  void locateTargetsAnywhere();
   int EnumerateTemplateData(_svg_common* parent, int index, int tag);
   int EnumerateLocalRefData(_handlerEnumData* record, _svg_group* use, QV_FILEID* file);
   int EnumeratePtrData(_handlerEnumData* record, _svg_common* parent, _svg_localref* reference);
   int EnumerateSwitchTagData(_handlerEnumData* record, _svg_common* parent, QV_FILEID* file);
   int _evaluateTestAtt(_svg_ta ta);
 
-  // Element parsers (svg_parse.cpp, parse_containers.cpp, parse_link.cpp).
+  // Element parsers (svg_parse.cpp, parse_containers.cpp, parse_link.cpp, markup.cpp).
   int ParseRectTagData(_svg_rect* record, _svg_common* parent);
   int ParseCircleTagData(_svg_circle* record, _svg_common* parent);
   int ParseEllipseTagData(_svg_ellipse* record, _svg_common* parent);
@@ -118,6 +122,10 @@ class CHandlerReader {
   void _setContainerElem(_svg_container** slot, _svg_common* element, int type);
   _svg_common* _getContainerElem(_svg_common* element);
   _svg_common* _getParentObj(_svg_common* element);
+  _svg_common* gradientOf(const _svg_common* element);  // of the same id, in the table
+  _svg_common* leaveContainer(_svg_common* element);    // its parent, which is open again
+  _svg_common* closeContainer(_svg_common* element);  // the same; a record nobody needs is released
+  bool mayNest(int tag);                              // false, with a message, at the limit
   void CopyOwnerTransformList(_svg_common* element);
   void CopyTransformList(_svg_common* to, const _svg_common* from);
 
