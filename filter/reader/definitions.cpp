@@ -16,10 +16,6 @@ namespace {
 constexpr std::size_t kEntityNameSize = 256;
 constexpr int kEntityOpenerLength = 8;  // "<!ENTITY"
 
-void passTo(CHandlerReader& reader, int closer) {
-  for (int tag = kTagNone; tag != closer && tag != kTagEnd;) tag = reader.GetNextTag(nullptr);
-}
-
 /// Past an element that may close itself: the stretch up to the next tag tells.
 void passUnlessClosed(CHandlerReader& reader, int index, int closer) {
   int next = 0;

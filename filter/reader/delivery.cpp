@@ -135,6 +135,10 @@ bool isTagClosed(CHandlerReader& reader, int index) {
   return reader.isSVGTagClosed(index, end) != 0;
 }
 
+void passTo(CHandlerReader& reader, int closer) {
+  for (int tag = kTagNone; tag != closer && tag != kTagEnd;) tag = reader.GetNextTag(nullptr);
+}
+
 int nestedResult(int keepGoing) {
   return keepGoing == kGoOn || keepGoing == kStopQuietly ? int{kOk} : keepGoing;
 }

@@ -54,6 +54,9 @@ class Delivery {
 /// True when the tag that stands at `index`, whose attributes are read, closes itself.
 bool isTagClosed(CHandlerReader& reader, int index);
 
+/// On to a closing tag, past everything.
+void passTo(CHandlerReader& reader, int closer);
+
 /// The result of a walk inside another: plain success and a quiet stop are kOk.
 int nestedResult(int keepGoing);
 

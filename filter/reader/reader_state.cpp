@@ -48,7 +48,6 @@ void ReaderState::beginRead() {
   nesting = referenceDepth = definitionDepth = switchDepth = 0;
   referencedObjects = 0;
   budgetIsSpent = outOfMemory = stopped = reporting = false;
-  localStyleDepth = 0;
   gaugeThreshold = 0;
 }
 

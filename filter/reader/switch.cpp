@@ -12,10 +12,6 @@ namespace {
 
 constexpr std::uint32_t kMaxNestedSwitches = 64;
 
-void passTo(CHandlerReader& reader, int closer) {
-  for (int tag = kTagNone; tag != closer && tag != kTagEnd;) tag = reader.GetNextTag(nullptr);
-}
-
 /// Past a switch and those in it.
 void passSwitch(CHandlerReader& reader) {
   for (int depth = 1; depth > 0;) {
