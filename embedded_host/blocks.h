@@ -47,6 +47,15 @@ inline bool isLive(BlockState state) {
   return state == BlockState::kLive || state == BlockState::kChowned;
 }
 
+// True for the payload of a live block; any address may be asked about.
+inline bool isLiveBlock(void* block) {
+  const auto distance = static_cast<std::size_t>(static_cast<char*>(block) - cageStart);
+  if (distance >= kCageSize || reinterpret_cast<std::uintptr_t>(block) % kHeaderSize != 0) {
+    return false;
+  }
+  return cageReaches(static_cast<HostHandle>(distance)) && isLive(stateOf(headerOf(block)));
+}
+
 // A place for a payload of that size, with its size class set; null when the cage is full.
 BlockHeader* takeBlock(std::size_t payload);
 

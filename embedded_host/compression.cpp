@@ -20,13 +20,13 @@ namespace egfhost {
 namespace {
 
 constexpr std::size_t kPiece = 65536;
-constexpr std::int64_t kLargestInflated = std::int64_t{1} << 30;
 constexpr std::int64_t kUnbounded = std::numeric_limits<std::int64_t>::max();
 constexpr int kGzipWrapper = 16;  // added to the window bits: gzip header and trailer
 
 // All that compression keeps.
 struct CompressionState {
   CompressionFailure failure = CompressionFailure::kNone;
+  std::int64_t largestInflated = kBuiltInLargestInflated;
 };
 
 constinit CompressionState state{};
@@ -162,7 +162,7 @@ bool inflateAll(Source& source, Sink& sink) {
   if (!inflater.usable()) return fail(CompressionFailure::kNoMemory);
   z_stream& stream = inflater.stream;
   const auto feeder = std::make_unique<Feeder>(source, stream);
-  const auto drain = std::make_unique<Drain>(sink, stream, kLargestInflated);
+  const auto drain = std::make_unique<Drain>(sink, stream, state.largestInflated);
   for (;;) {
     if (!feeder->refill()) return false;
     const int result = inflate(&stream, Z_NO_FLUSH);
@@ -212,6 +212,10 @@ int convertCall(FaultCall call, const char* source, const char* target, Convert 
 
 }  // namespace
 
+void setLargestInflated(std::int64_t bytes) {
+  state.largestInflated = bytes == 0 ? kBuiltInLargestInflated : bytes;
+}
+
 CompressionFailure compressionFailure() { return state.failure; }
 
 const char* describe(CompressionFailure failure) {
@@ -220,7 +224,7 @@ const char* describe(CompressionFailure failure) {
                                  "the target cannot be written",
                                  "the compressed data is damaged",
                                  "the compressed data ends early",
-                                 "the data is larger than 1 GiB when it is not compressed",
+                                 "the data is larger than allowed when it is not compressed",
                                  "there is not enough memory"};
   return kTexts[static_cast<std::size_t>(failure)];
 }

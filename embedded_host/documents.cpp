@@ -1,6 +1,6 @@
 #include "embedded_host/documents.h"
 
-#include "embedded_host/cage.h"
+#include "embedded_host/blocks.h"
 #include "embedded_host/fault.h"
 #include "embedded_host/host_documents.h"
 #include "embedded_host/host_trees.h"
@@ -23,7 +23,7 @@ void freePalette(HostHandle palette) {
 }
 
 egfsvg::EgfTreeBlock* treeBlock(HostHandle handle) {
-  if (!cageReaches(handle) || !isTree(handle)) return nullptr;
+  if (!isLiveBlock(cageStart + handle) || !isTree(handle)) return nullptr;
   return egfsvg::at<egfsvg::EgfTreeBlock>(handle);
 }
 

@@ -1,6 +1,6 @@
 #include "embedded_host/handles.h"
 
-#include "embedded_host/cage.h"
+#include "embedded_host/blocks.h"
 
 namespace egfhost {
 
@@ -27,8 +27,8 @@ bool attachHandle(HostObject* object, const char* file, int line) {
 }
 
 HostObject* hostObject(HostHandle handle) {
-  if (handle % alignof(HandleTag) != 0 || !cageReaches(handle)) return nullptr;
-  const auto* const tag = egfsvg::at<HandleTag>(handle);
+  auto* const tag = reinterpret_cast<HandleTag*>(cageStart + handle);
+  if (!isLiveBlock(tag)) return nullptr;
   return tag->mark == kLiveMark ? tag->object : nullptr;
 }
 

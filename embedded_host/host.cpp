@@ -16,6 +16,7 @@ void resetForTest() {
   setGaugeListener({});
   clearGaugeCounts();
   clearStandardObjects();
+  setLargestInflated(0);
 }
 
 }  // namespace egfhost

@@ -93,13 +93,6 @@ void* allocate(std::size_t count, std::size_t size, const char* file, int line) 
   return block;
 }
 
-bool isLiveBlock(void* block) {
-  const auto address = reinterpret_cast<std::uintptr_t>(block);
-  const auto distance = static_cast<std::size_t>(static_cast<char*>(block) - cageStart);
-  if (distance >= kCageSize || address % kHeaderSize != 0) return false;
-  return cageReaches(static_cast<HostHandle>(distance)) && isLive(stateOf(headerOf(block)));
-}
-
 void reportBadBlock(const void* block) {
   ++state.counters.badFrees;
   if (!kPoisoning) return;
