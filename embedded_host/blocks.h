@@ -50,7 +50,9 @@ inline bool isLive(BlockState state) {
 // True for the payload of a live block; any address may be asked about.
 inline bool isLiveBlock(void* block) {
   const auto distance = static_cast<std::size_t>(static_cast<char*>(block) - cageStart);
-  if (distance >= kCageSize || reinterpret_cast<std::uintptr_t>(block) % kHeaderSize != 0) {
+  // The header of a block is never in the first page.
+  const bool inside = distance > kPageSize && distance < kCageSize;
+  if (!inside || reinterpret_cast<std::uintptr_t>(block) % kHeaderSize != 0) {
     return false;
   }
   return cageReaches(static_cast<HostHandle>(distance)) && isLive(stateOf(headerOf(block)));
