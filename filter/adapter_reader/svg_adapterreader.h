@@ -140,4 +140,15 @@ class CAdapterReader {
   int ArcToBezierCurve(double rotation, _mpl_spacept_tag center, double startDeg, double endDeg,
                        double rx, double ry, int reverse, int large, _mpl_spacept_tag*& points,
                        int* count);
+  _egf_obj* SVG_formatGDIPlusPath(_svg_path* element);
+  _egf_obj* SVG_formatEGFPath(_svg_path* element);
+  int ArcEndpointToCenter(_svg_path_data* d, double x, double y, _mpl_spacept_tag* center,
+                          double* rx, double* ry, double* startAngle, double* endAngle,
+                          int relative);
+  int _attachPlineToPath(_mpl_spacept_tag* points, unsigned int* count, _egf_obj* path);
+  void _checkBezierCntrlPts(_mpl_spacept_tag* points);
+  void _scaleEllipseArc(double* startDeg, double* endDeg, double* rx, double* ry, double scaleX,
+                        double scaleY);
+  // Gradients (gradient_*.cpp).
+#include "adapter_reader/gradient_members.inc"
 };

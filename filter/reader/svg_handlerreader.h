@@ -188,6 +188,15 @@ class CHandlerReader {
 
   // Path data (path_data.cpp).
   int SetPathAtt(_svg_path* path, const char* d);
+  double GetNextPathCoord(const char* text, int& index);
+  _svg_path_data* AddNewPathData(_svg_path_data* data, int count);
+
+  // Gradients (gradients.cpp).
+  _svg_gradient* ParseGradientTagData(_svg_common* parent, _svg_gradient** out, int type);
+  int ParseGradients(_svg_common* parent, int type);
+  int AddStopTagToParent(_svg_gradient* gradient, _svg_stop* stop);
+  int SetLinkedStopTags(_svg_gradient* gradient);
+  void SetBoundingBoxUnits(_svg_gradient* gradient);
 
   // Classes, style attributes, sheets and entities (svg_style.cpp, css_*.cpp).
   int SetClassNameAtt(_svg_common* head, _svg_attrib_pair* pair);

@@ -1,0 +1,145 @@
+// Flattened paths, for hotspots: one polygon in which every curve is straight segments.
+
+#include <algorithm>
+
+#include "adapter_reader/owners.h"
+#include "adapter_reader/path_walk.h"
+#include "adapter_reader/svg_adapterreader.h"
+#include "host/egf_bits.h"
+#include "host/egf_templates.h"
+#include "host/memory.h"
+#include "model/codes.h"
+#include "model/numbers.h"
+
+namespace egfsvg {
+namespace {
+
+constexpr unsigned int kMaxSubPathPoints = 65'535;  // what a sub-path's size can hold
+constexpr double kMillionth = 1'000'000.0;
+
+class FlatPathBuilder final : public PathSink {
+ public:
+  FlatPathBuilder(CAdapterReader& adapter, EgfPolygon* polygon)
+      : adapter_(adapter), polygon_(polygon) {}
+  ~FlatPathBuilder() { RMM_Free(points_); }
+  FlatPathBuilder(const FlatPathBuilder&) = delete;
+  FlatPathBuilder& operator=(const FlatPathBuilder&) = delete;
+
+  bool beginSubPath(const _svg_singlepath&) override {
+    start_ = count_;
+    return true;
+  }
+  bool moveTo(PlanePoint to) override { return add(to); }
+  bool lineTo(PlanePoint, PlanePoint to) override { return add(to); }
+  bool curveTo(const PlanePoint (&controls)[4]) override;
+  bool arcTo(const ArcEnds& ends, const ArcCenter& arc) override;
+  bool closeTo(PlanePoint, PlanePoint) override { return true; }
+  bool endSubPath(const _svg_singlepath& subPath) override;
+
+  _mpl_spacept_tag* points() { return points_; }
+  unsigned int count() const { return count_; }
+  /// Hands the points to the polygon.
+  void finish() {
+    polygon_->points = PointArray::of(points_);
+    polygon_->pointCount = static_cast<std::int32_t>(count_);
+    points_ = nullptr;
+  }
+
+ private:
+  bool add(PlanePoint point) {
+    const _mpl_spacept_tag place{static_cast<float>(point.x), static_cast<float>(point.y)};
+    return addAll(&place, 1);
+  }
+  bool addAll(const _mpl_spacept_tag* added, unsigned int n);
+
+  CAdapterReader& adapter_;
+  EgfPolygon* polygon_;
+  _mpl_spacept_tag* points_ = nullptr;
+  unsigned int count_ = 0;
+  unsigned int start_ = 0;  // of the sub-path
+};
+
+bool FlatPathBuilder::addAll(const _mpl_spacept_tag* added, unsigned int n) {
+  const unsigned int room = kMaxSubPathPoints - std::min(kMaxSubPathPoints, count_ - start_);
+  n = std::min(n, room);
+  if (n == 0) return true;
+  _mpl_spacept_tag* grown =
+      adapter_.AddNewPointData(points_, &count_, const_cast<_mpl_spacept_tag*>(added), n);
+  if (grown == nullptr) return false;
+  points_ = grown;
+  return true;
+}
+
+bool FlatPathBuilder::curveTo(const PlanePoint (&controls)[4]) {
+  _mpl_spacept_tag places[4];
+  for (int i = 0; i < 4; ++i) {
+    places[i] = {static_cast<float>(controls[i].x), static_cast<float>(controls[i].y)};
+  }
+  std::uint32_t n = 0;
+  RmmOwner<_mpl_spacept_tag> curve(EEL_DiscretizeCurve(places, 4, 1, 0, &n));
+  return curve && addAll(curve.get(), n);
+}
+
+/// The arc runs counter-clockwise as computed; with the sweep flag it is drawn the other way.
+bool FlatPathBuilder::arcTo(const ArcEnds& ends, const ArcCenter& arc) {
+  _mpl_spacept_tag center{static_cast<float>(arc.cx), static_cast<float>(arc.cy)};
+  unsigned int n = 0;
+  RmmOwner<_mpl_spacept_tag> points(adapter_.svg_discretizeArc(
+      &center, static_cast<float>(arc.rx), static_cast<float>(arc.ry), ends.rotation,
+      rounded<std::int32_t>(arc.start * kMillionth), rounded<std::int32_t>(arc.end * kMillionth),
+      &n));
+  if (!points) return false;
+  if (ends.sweep) std::reverse(points.get(), points.get() + n);
+  return addAll(points.get(), n);
+}
+
+bool FlatPathBuilder::endSubPath(const _svg_singlepath& subPath) {
+  const unsigned int added = count_ - start_;
+  if (subPath.closed != 0 && added > 0) {
+    const _mpl_spacept_tag first = points_[start_];
+    const _mpl_spacept_tag last = points_[count_ - 1];
+    if ((first.x != last.x || first.y != last.y) && !addAll(&first, 1)) return false;
+  }
+  if (polygon_->subPathSizes) {
+    polygon_->subPathSizes[polygon_->subPathCount] = static_cast<std::uint16_t>(count_ - start_);
+  }
+  polygon_->subPathCount = polygon_->subPathCount + 1;
+  return true;
+}
+
+bool makeSizeTable(EgfPolygon* polygon, std::int32_t subPaths) {
+  if (subPaths <= 1) return true;
+  auto* sizes = allocateArray<std::uint16_t>(static_cast<std::size_t>(subPaths), RMM_SITE);
+  polygon->subPathSizes = ref32<std::uint16_t>::of(sizes);
+  return sizes != nullptr;
+}
+
+}  // namespace
+}  // namespace egfsvg
+
+_egf_obj* CAdapterReader::SVG_formatEGFPath(_svg_path* element) {
+  using namespace egfsvg;
+  if (element->graphics.visibility == kHidden) return nullptr;
+  ObjectOwner object(EEL_AllocObject(kClassPolygon, RMM_SITE));
+  if (!object) {
+    logOutOfMemory(RMM_SITE);
+    return nullptr;
+  }
+  EgfPolygon* polygon = as<EgfPolygon>(object.get());
+  polygon->pen = kPolygonPen;
+  polygon->trailingWord = kPolygonTrailingWord;
+  FlatPathBuilder builder(*this, polygon);
+  if (!makeSizeTable(polygon, element->pathCount) || !PathWalk(*this, builder).run(*element)) {
+    logOutOfMemory(RMM_SITE);
+    return nullptr;
+  }
+  _mpl_spacerect_tag bounds = lineBounds(builder.points(), builder.count(), element->stroke);
+  MapOwner map(*this, _findMapMatrix(&element->head, nullptr, nullptr));
+  if (map) {
+    for (unsigned int i = 0; i < builder.count(); ++i) {
+      _transformPoint(&builder.points()[i], map.get());
+    }
+  }
+  builder.finish();
+  return finishFlatPolygon(object, bounds, map.get(), *element);
+}

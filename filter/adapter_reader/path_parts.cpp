@@ -1,0 +1,117 @@
+// What both roads of a path share: arcs by their centre, runs of straight points, and the repairs
+// of curves and scaled arcs.
+
+#include <cmath>
+
+#include "adapter_reader/owners.h"
+#include "adapter_reader/path_builder.h"
+#include "adapter_reader/svg_adapterreader.h"
+#include "geometry/elliptic_arc.h"
+#include "host/egf_templates.h"
+#include "host/memory.h"
+#include "host/resolution.h"
+
+namespace egfsvg {
+namespace {
+
+constexpr double kUnitsPerPixel = 4096.0;
+constexpr double kRepairOffset = 9024.0;  // space units at 96 pixels per inch
+
+bool samePlace(const _mpl_spacept_tag& a, const _mpl_spacept_tag& b) {
+  return a.x == b.x && a.y == b.y;
+}
+
+_egf_obj* straightLine(const _mpl_spacept_tag* points) {
+  _egf_obj* object = EEL_AllocObject(kClassLine, RMM_SITE);
+  if (object == nullptr) return nullptr;
+  EgfLine* line = as<EgfLine>(object);
+  line->pen = kLinePen;
+  line->pen.scaleFactor = 1.0;
+  line->startPt = points[0];
+  line->endPt = points[1];
+  return object;
+}
+
+/// Takes the points over.
+_egf_obj* straightRun(_mpl_spacept_tag* points, unsigned int count) {
+  _egf_obj* object = EEL_AllocObject(kClassPolyline, RMM_SITE);
+  if (object == nullptr) return nullptr;
+  EgfPolyline* run = as<EgfPolyline>(object);
+  run->pen = kPolylinePen;
+  run->pen.scaleFactor = 1.0;
+  run->points = PointArray::of(points);
+  run->pointCount = count;
+  return object;
+}
+
+}  // namespace
+
+BezierPathBuilder::BezierPathBuilder(CAdapterReader& adapter, _viewPortMap* map, bool several)
+    : adapter_(adapter), map_(map), several_(several),
+      outer_(EEL_AllocObject(kClassPath, RMM_SITE)) {
+  if (map != nullptr && map->userSpace != nullptr) {
+    adapter.svg_DecomposeMatrix(map->userSpace->matrix.m, &shear_, &scaleX_, &scaleY_, &rotation_);
+  }
+}
+
+bool BezierPathBuilder::hasChildren() const {
+  return static_cast<bool>(as<EgfPath>(outer_.get())->firstChild);
+}
+
+}  // namespace egfsvg
+
+int CAdapterReader::ArcEndpointToCenter(_svg_path_data* d, double x, double y,
+                                        _mpl_spacept_tag* center, double* rx, double* ry,
+                                        double* startAngle, double* endAngle, int relative) {
+  using namespace egfsvg;
+  double res = 96.0;
+  MPL_GetResXFactor(1, 1, map, &res);
+  const auto units = [&](const _svg_value& v) {
+    return SVGValueToPixelValue(v, res) * kUnitsPerPixel;
+  };
+  const ArcEnds ends{x, y,
+                     units(d->arg0) + (relative != 0 ? x : 0.0),
+                     units(d->arg1) + (relative != 0 ? y : 0.0),
+                     std::fabs(units(d->arg2)), std::fabs(units(d->arg3)),
+                     SVGAngleToRAD({d->arg4.unit, d->arg4.value}),
+                     d->arg4.axis != 0, d->arg5.unit != 0};
+  ArcCenter arc{};
+  if (!arcFromEnds(ends, &arc)) return -1;
+  *center = {static_cast<float>(arc.cx), static_cast<float>(arc.cy)};
+  *rx = arc.rx;
+  *ry = arc.ry;
+  *startAngle = arc.start;
+  *endAngle = arc.end;
+  return 0;
+}
+
+int CAdapterReader::_attachPlineToPath(_mpl_spacept_tag* points, unsigned int* count,
+                                       _egf_obj* path) {
+  using namespace egfsvg;
+  if (points == nullptr || *count < 2) return 0;
+  _egf_obj* object = *count == 2 ? straightLine(points) : straightRun(points, *count);
+  if (object == nullptr || *count == 2) RMM_Free(points);
+  if (object == nullptr) return -1;
+  return EEL_AppendObject(path, object) == 0 ? 0 : -1;
+}
+
+/// At most one repair is made, the first that applies.
+void CAdapterReader::_checkBezierCntrlPts(_mpl_spacept_tag* p) {
+  double res = 96.0;
+  MPL_GetResXFactor(1, 1, map, &res);
+  const auto offset = static_cast<float>(egfsvg::kRepairOffset * res / 96.0);
+  if (egfsvg::samePlace(p[0], p[1])) {
+    p[1].x = p[0].x + offset;
+  } else if (egfsvg::samePlace(p[2], p[3])) {
+    p[2].x = p[3].x + offset;
+  } else if (egfsvg::samePlace(p[1], p[2])) {
+    p[2].x = p[1].x + offset;
+  }
+}
+
+void CAdapterReader::_scaleEllipseArc(double* startDeg, double* endDeg, double* rx, double* ry,
+                                      double scaleX, double scaleY) {
+  egfsvg::scaleArcAngles(startDeg, endDeg, scaleX, scaleY);
+  *rx *= scaleX;
+  *ry *= scaleY;
+}

@@ -1,0 +1,229 @@
+// Bezier path objects: a path becomes a class 33 object whose children are straight runs, curves
+// and arcs. A path of several sub-paths holds one class 33 object for each.
+
+#include <cmath>
+#include <memory>
+
+#include "adapter_reader/path_builder.h"
+#include "adapter_reader/svg_adapterreader.h"
+#include "host/egf_bits.h"
+#include "host/egf_templates.h"
+#include "host/memory.h"
+#include "host/messages.h"
+#include "model/codes.h"
+#include "model/numbers.h"
+
+namespace egfsvg {
+namespace {
+
+constexpr double kWholeDegree = 1.0;  // arcs below it lose their flags when they are written
+constexpr double kMillionth = 1'000'000.0;
+constexpr double kUnitsPerPixel = 4096.0;
+
+std::int32_t millionths(double degrees) { return rounded<std::int32_t>(degrees * kMillionth); }
+
+}  // namespace
+
+bool BezierPathBuilder::beginSubPath(const _svg_singlepath& subPath) {
+  hasClose_ = false;
+  if (!several_) {
+    target_ = outer_.get();
+    return true;
+  }
+  sub_.reset(EEL_AllocObject(kClassPath, RMM_SITE));
+  target_ = sub_.get();
+  (void)subPath;
+  return target_ != nullptr;
+}
+
+bool BezierPathBuilder::endSubPath(const _svg_singlepath&) {
+  if (!attachRun()) return false;
+  EgfPath* path = as<EgfPath>(target_);
+  path->pathKind = hasClose_ ? kPathKindClosed : kPathKindOpen;
+  if (!several_ || !path->firstChild) return true;
+  return EEL_AppendObject(outer_.get(), sub_.release()) == 0;
+}
+
+bool BezierPathBuilder::moveTo(PlanePoint to) { return attachRun() && addToRun(to); }
+
+/// After a curve the run is empty, so it starts again where the curve ended.
+bool BezierPathBuilder::lineTo(PlanePoint from, PlanePoint to) {
+  if (runCount_ == 0 && !addToRun(from)) return false;
+  return addToRun(to);
+}
+
+bool BezierPathBuilder::closeTo(PlanePoint from, PlanePoint first) {
+  hasClose_ = true;
+  return from == first || lineTo(from, first);
+}
+
+bool BezierPathBuilder::curveTo(const PlanePoint (&controls)[4]) {
+  if (!attachRun()) return false;
+  auto* points = allocateArray<_mpl_spacept_tag>(4, RMM_SITE);
+  if (points == nullptr) return false;
+  for (int i = 0; i < 4; ++i) {
+    grow(controls[i]);
+    points[i] = mapped(controls[i]);
+  }
+  adapter_._checkBezierCntrlPts(points);
+  return putCurve(points, 4);
+}
+
+bool BezierPathBuilder::arcTo(const ArcEnds& ends, const ArcCenter& arc) {
+  if (!attachRun()) return false;
+  growByArc(ends, arc);
+  return isPlainArc(ends, arc) ? putArc(ends, arc) : putArcCurve(ends, arc);
+}
+
+/// A class 4 child can hold an arc that the map neither turns nor shears, on the axes or circular.
+bool BezierPathBuilder::isPlainArc(const ArcEnds& ends, const ArcCenter& arc) const {
+  const bool upright = ends.rotation == 0.0 || arc.rx == arc.ry;
+  return shear_ == 0.0 && rotation_ == 0.0 && upright && arc.end - arc.start >= kWholeDegree;
+}
+
+/// Arc angles of the host are polar, so an ellipse's parameters are scaled into them first.
+bool BezierPathBuilder::putArc(const ArcEnds& ends, const ArcCenter& center) {
+  ObjectOwner object(EEL_AllocObject(kClassArc, RMM_SITE));
+  if (!object) return false;
+  ArcCenter arc = center;
+  if (ends.rotation != 0.0) turnCircle(ends.rotation, &arc);
+  if (arc.rx != arc.ry) scaleArcAngles(&arc.start, &arc.end, arc.rx, arc.ry);
+  if (scaleX_ != scaleY_) {
+    adapter_._scaleEllipseArc(&arc.start, &arc.end, &arc.rx, &arc.ry, scaleX_, scaleY_);
+  } else {
+    arc.rx *= scaleX_;
+    arc.ry *= scaleY_;
+  }
+  EgfArc* record = as<EgfArc>(object.get());
+  record->pen = kArcPen;
+  record->center = mapped({center.cx, center.cy});
+  record->radiusPt = {static_cast<float>(arc.rx), static_cast<float>(arc.ry)};
+  record->startAngle = millionths(arc.start);
+  record->endAngle = millionths(arc.end);
+  record->pen.arcFlags = ArcDirectionBits::with(record->pen.arcFlags, ends.sweep ? 1 : 0);
+  return EEL_AppendObject(target_, object.release()) == 0;
+}
+
+/// On a circle the x-axis rotation is taken off both angles.
+void BezierPathBuilder::turnCircle(double rotation, ArcCenter* arc) {
+  const double turn = rotation * 180.0 / kAdapterPi;
+  const double sweep = arc->end - arc->start;
+  arc->start = std::fmod(arc->start - turn, 360.0);
+  if (arc->start < 0.0) arc->start += 360.0;
+  arc->end = arc->start + sweep;
+}
+
+bool BezierPathBuilder::putArcCurve(const ArcEnds& ends, const ArcCenter& arc) {
+  const _mpl_spacept_tag center{static_cast<float>(arc.cx), static_cast<float>(arc.cy)};
+  _mpl_spacept_tag* points = nullptr;
+  int count = 0;
+  adapter_.ArcToBezierCurve(ends.rotation, center, arc.start, arc.end, arc.rx, arc.ry,
+                            ends.sweep ? 1 : 0, ends.largeArc ? 1 : 0, points, &count);
+  if (points == nullptr) return false;
+  points[0] = {static_cast<float>(ends.x1), static_cast<float>(ends.y1)};
+  if (map_ != nullptr) {
+    for (int i = 0; i < count; ++i) adapter_._transformPoint(&points[i], map_);
+  }
+  return putCurve(points, count);
+}
+
+/// Takes the points over. Kept: a curve child has no pen of its own, its mode is the mark alone.
+bool BezierPathBuilder::putCurve(_mpl_spacept_tag* points, int count) {
+  ObjectOwner object(EEL_AllocObject(kClassPolygon, RMM_SITE));
+  if (!object) {
+    RMM_Free(points);
+    return false;
+  }
+  EgfPolygon* curve = as<EgfPolygon>(object.get());
+  curve->points = PointArray::of(points);
+  curve->pointCount = count;
+  curve->pen.modeFlags = CurveChildBits::with(curve->pen.modeFlags, kCurveChild);
+  return EEL_AppendObject(target_, object.release()) == 0;
+}
+
+bool BezierPathBuilder::addToRun(PlanePoint point) {
+  grow(point);
+  _mpl_spacept_tag place = mapped(point);
+  _mpl_spacept_tag* grown = adapter_.AddNewPointData(run_, &runCount_, &place, 1);
+  if (grown == nullptr) return false;
+  run_ = grown;
+  return true;
+}
+
+/// Runs of one point draw nothing.
+bool BezierPathBuilder::attachRun() {
+  if (run_ == nullptr) return true;
+  if (runCount_ < 2) {
+    freeRun();
+    return true;
+  }
+  const int result = adapter_._attachPlineToPath(run_, &runCount_, target_);
+  run_ = nullptr;
+  runCount_ = 0;
+  return result == 0;
+}
+
+void BezierPathBuilder::freeRun() {
+  RMM_Free(run_);
+  run_ = nullptr;
+  runCount_ = 0;
+}
+
+_mpl_spacept_tag BezierPathBuilder::mapped(PlanePoint point) const {
+  _mpl_spacept_tag place{static_cast<float>(point.x), static_cast<float>(point.y)};
+  if (map_ != nullptr) adapter_._transformPoint(&place, map_);
+  return place;
+}
+
+/// The box of a gradient holds the points as they stand before any transform.
+void BezierPathBuilder::grow(PlanePoint point) {
+  _mpl_spacept_tag place{static_cast<float>(point.x), static_cast<float>(point.y)};
+  if (!boxed_) box_ = {place.x, place.x, place.y, place.y};
+  boxed_ = true;
+  adapter_.svg_UpdateObjBoundingBox(box_, &place, 1);
+}
+
+void BezierPathBuilder::growByArc(const ArcEnds& ends, const ArcCenter& arc) {
+  grow({ends.x1, ends.y1});
+  grow({ends.x2, ends.y2});
+  _mpl_spacept_tag center{static_cast<float>(arc.cx), static_cast<float>(arc.cy)};
+  unsigned int count = 0;
+  _mpl_spacept_tag* points = adapter_.svg_discretizeArc(
+      &center, static_cast<float>(arc.rx), static_cast<float>(arc.ry), ends.rotation,
+      millionths(arc.start), millionths(arc.end), &count);
+  if (points == nullptr) return;
+  adapter_.svg_UpdateObjBoundingBox(box_, points, static_cast<int>(count));
+  RMM_Free(points);
+}
+
+/// In pixels, grown by half the pen.
+_mpl_spacerect_tag BezierPathBuilder::bounds(double margin) const {
+  const auto side = [](float edge, double by) {
+    return static_cast<float>(static_cast<double>(edge) / kUnitsPerPixel + by);
+  };
+  return {side(box_.left, -margin), side(box_.right, margin), side(box_.top, -margin),
+          side(box_.bottom, margin)};
+}
+
+}  // namespace egfsvg
+
+_egf_obj* CAdapterReader::SVG_formatGDIPlusPath(_svg_path* element) {
+  using namespace egfsvg;
+  if (element->graphics.visibility == kHidden) return nullptr;
+  MapOwner map(*this, _findMapMatrix(&element->head, nullptr, nullptr));
+  BezierPathBuilder builder(*this, map.get(), element->pathCount > 1);
+  if (!builder.ready() || !PathWalk(*this, builder).run(*element)) {
+    logOutOfMemory(RMM_SITE);
+    return nullptr;
+  }
+  if (!builder.hasChildren()) return nullptr;
+  __meas width{};
+  castLineThickness(element->stroke.strokeWidth, &width);
+  _mpl_spacerect_tag bounds = builder.bounds(width.value / 2.0);
+  _egf_obj* path = builder.release();
+  if (_setPathParms(path, bounds, map.get(), element->fill, element->stroke, element->graphics) !=
+      0) {
+    return nullptr;  // the setter has destroyed it
+  }
+  return path;
+}
