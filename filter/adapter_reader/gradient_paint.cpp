@@ -6,11 +6,12 @@
 
 #include "adapter_reader/owners.h"
 #include "adapter_reader/svg_adapterreader.h"
-#include "geometry/elliptic_arc.h"
+#include "geometry/angles.h"
 #include "host/egf_bits.h"
 #include "host/egf_templates.h"
 #include "host/memory.h"
 #include "model/numbers.h"
+#include "model/rmm_allocator.h"
 
 namespace egfsvg {
 namespace {
@@ -114,7 +115,7 @@ struct GradientJob {
 
   /// A vector that runs to the left has its ramp turned; one that rises is mirrored.
   void setAngle(double angle, _mpl_spacept_tag* p) const {
-    const auto degrees = truncated<std::int32_t>(angle * 180.0 / kAdapterPi);
+    const auto degrees = truncated<std::int32_t>(degreesOf(angle));
     parms->gradientAngle = degrees * kMillionths;
     parms->angleIsSet = kAngleSet;
     const double dx = (static_cast<double>(p[1].x) - static_cast<double>(p[0].x)) / kSpaceUnits;
@@ -150,43 +151,43 @@ int setGradient(CAdapterReader& adapter, _viewPortMap* map, const _mpl_spacerect
 }  // namespace
 }  // namespace egfsvg
 
-int CAdapterReader::SetPathGradientParms(_viewPortMap* map, _mpl_spacerect_tag bounds,
+int CAdapterReader::SetPathGradientParms(_viewPortMap* shapeMap, _mpl_spacerect_tag bounds,
                                          _egf_obj* object, _egf_gdiplus_fillparms_tag** parms,
                                          _egf_gdiplus_gradientparms_tag** record,
                                          _svg_gradient* gradient) {
   *record = nullptr;
-  return egfsvg::setGradient<egfsvg::EgfPath>(*this, map, bounds, object, parms, record, gradient);
+  return egfsvg::setGradient<egfsvg::EgfPath>(*this, shapeMap, bounds, object, parms, record, gradient);
 }
 
-int CAdapterReader::SetPgonGradientParms(_viewPortMap* map, _mpl_spacerect_tag bounds,
+int CAdapterReader::SetPgonGradientParms(_viewPortMap* shapeMap, _mpl_spacerect_tag bounds,
                                          _egf_obj* object, _egf_gdiplus_fillparms_tag** parms,
                                          _egf_gdiplus_gradientparms_tag** record,
                                          _svg_gradient* gradient) {
   *record = nullptr;
-  return egfsvg::setGradient<egfsvg::EgfPolygon>(*this, map, bounds, object, parms, record,
+  return egfsvg::setGradient<egfsvg::EgfPolygon>(*this, shapeMap, bounds, object, parms, record,
                                                  gradient);
 }
 
-int CAdapterReader::SetElipsGradientParms(_viewPortMap* map, _mpl_spacerect_tag bounds,
+int CAdapterReader::SetElipsGradientParms(_viewPortMap* shapeMap, _mpl_spacerect_tag bounds,
                                           _egf_obj* object, _egf_gdiplus_fillparms_tag** parms,
                                           _egf_gdiplus_gradientparms_tag** record,
                                           _svg_gradient* gradient) {
-  return egfsvg::setGradient<egfsvg::EgfEllipse>(*this, map, bounds, object, parms, record,
+  return egfsvg::setGradient<egfsvg::EgfEllipse>(*this, shapeMap, bounds, object, parms, record,
                                                  gradient);
 }
 
-int CAdapterReader::SetLineGradientParms(_viewPortMap* map, _mpl_spacerect_tag bounds,
+int CAdapterReader::SetLineGradientParms(_viewPortMap* shapeMap, _mpl_spacerect_tag bounds,
                                          _egf_obj* object, _egf_gdiplus_stroke_parms_tag** parms,
                                          _egf_gdiplus_gradientparms_tag** record,
                                          _svg_gradient* gradient) {
-  return egfsvg::setGradient<egfsvg::EgfLine>(*this, map, bounds, object, parms, record, gradient);
+  return egfsvg::setGradient<egfsvg::EgfLine>(*this, shapeMap, bounds, object, parms, record, gradient);
 }
 
-int CAdapterReader::SetPlineGradientParms(_viewPortMap* map, _mpl_spacerect_tag bounds,
+int CAdapterReader::SetPlineGradientParms(_viewPortMap* shapeMap, _mpl_spacerect_tag bounds,
                                           _egf_obj* object, _egf_gdiplus_stroke_parms_tag** parms,
                                           _egf_gdiplus_gradientparms_tag** record,
                                           _svg_gradient* gradient) {
-  return egfsvg::setGradient<egfsvg::EgfPolyline>(*this, map, bounds, object, parms, record,
+  return egfsvg::setGradient<egfsvg::EgfPolyline>(*this, shapeMap, bounds, object, parms, record,
                                                   gradient);
 }
 

@@ -10,6 +10,7 @@
 #include "host/egf_small.h"
 #include "host/memory.h"
 #include "model/numbers.h"
+#include "model/rmm_allocator.h"
 
 namespace egfsvg {
 namespace {
@@ -57,7 +58,7 @@ void doubleRing(const _mpl_spacept_tag& focus, _mpl_spacept_tag* ring, unsigned 
 }  // namespace
 }  // namespace egfsvg
 
-int CAdapterReader::SetGradientPath(_viewPortMap* map, _mpl_spacerect_tag bounds,
+int CAdapterReader::SetGradientPath(_viewPortMap* shapeMap, _mpl_spacerect_tag bounds,
                                     _svg_gradient* gradient, _mpl_spacept_tag** points,
                                     unsigned int* count, unsigned int* steps) {
   using namespace egfsvg;
@@ -73,7 +74,7 @@ int CAdapterReader::SetGradientPath(_viewPortMap* map, _mpl_spacerect_tag bounds
       radius = castS32(circle.r);
       break;
     case kObjectBoundingBox:
-      multiplyBounds(*this, bounds, map);
+      multiplyBounds(*this, bounds, shapeMap);
       focus = rawPoint(circle.fx, circle.fy);
       center = rawPoint(circle.cx, circle.cy);
       radius = static_cast<float>(circle.r.value * kSpaceUnits);
@@ -83,8 +84,8 @@ int CAdapterReader::SetGradientPath(_viewPortMap* map, _mpl_spacerect_tag bounds
   }
   _mpl_spacept_tag radiusPoint{center.x + radius, center.y + radius};
   SetPathGrPtsArray(bounds, space.userSpace(), focus, center, radiusPoint, points, count, steps);
-  if (map != nullptr) {
-    for (unsigned int i = 0; i < *count; ++i) _transformPoint(&(*points)[i], map);
+  if (shapeMap != nullptr) {
+    for (unsigned int i = 0; i < *count; ++i) _transformPoint(&(*points)[i], shapeMap);
   }
   return 0;
 }
@@ -107,11 +108,11 @@ void CAdapterReader::SetPathGrPtsArray(_mpl_spacerect_tag bounds, _userSpace* sp
     RMM_Free(result);
     return;
   }
-  _viewPortMap map{};
-  map.matrix = space->matrix;
-  _transformPoint(&focus, &map);
-  _transformPoint(&center, &map);
-  for (unsigned int i = 0; i < n; ++i) _transformPoint(&ring.get()[i], &map);
+  _viewPortMap spaceMap{};
+  spaceMap.matrix = space->matrix;
+  _transformPoint(&focus, &spaceMap);
+  _transformPoint(&center, &spaceMap);
+  for (unsigned int i = 0; i < n; ++i) _transformPoint(&ring.get()[i], &spaceMap);
   if (PointInsideRect(bounds, ring.get(), n) != 0) {
     if (PointInsideRect(bounds, &focus, 1) != 0) {
       clearFocus(bounds, center, ring.get(), n, focus);

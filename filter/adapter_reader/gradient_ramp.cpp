@@ -16,8 +16,6 @@ constexpr double kFullAlpha = 255.0;
 constexpr std::int16_t kRampEnd = 1000;
 constexpr int kDoubledEnds = 2;  // the first and the last stop stand twice
 
-enum SpreadMethod : std::int32_t { kPad = 1, kReflect = 2, kRepeat = 3 };
-
 /// One entry of a ramp before it goes into the record.
 struct RampEntry {
   _sel_RGB_type colour;
@@ -87,8 +85,8 @@ void storeReflect(const Ramp& ramp, int n, unsigned steps,
 int roomForStops(const _svg_gradient& gradient) {
   if (gradient.head.type == kTagLinearGradient) return kMaxGradientStops - kDoubledEnds;
   switch (gradient.spreadMethod) {
-    case kPad: return kMaxGradientStops - kDoubledEnds - 1;
-    case kReflect: return (kMaxGradientStops + 1) / 2 - kDoubledEnds;
+    case kSpreadPad: return kMaxGradientStops - kDoubledEnds - 1;
+    case kSpreadReflect: return (kMaxGradientStops + 1) / 2 - kDoubledEnds;
     default: return kMaxGradientStops - kDoubledEnds;
   }
 }
@@ -138,16 +136,16 @@ int CAdapterReader::SetInterpolationColours(_svg_gradient* gradient,
   Ramp ramp;
   const int n = inwardRamp(*this, stops, 1.0 / static_cast<double>(steps), ramp);
   switch (gradient->spreadMethod) {
-    case kPad: storePad(ramp, n, record); break;
-    case kRepeat: storeRepeat(ramp, n, steps, record); break;
-    case kReflect: storeReflect(ramp, n, steps, record); break;
+    case kSpreadPad: storePad(ramp, n, record); break;
+    case kSpreadRepeat: storeRepeat(ramp, n, steps, record); break;
+    case kSpreadReflect: storeReflect(ramp, n, steps, record); break;
     default: break;  // Kept: any other word copies nothing
   }
   return 0;
 }
 
 int CAdapterReader::GetWrapMode(_svg_gradient* gradient) {
-  return gradient != nullptr && gradient->spreadMethod == egfsvg::kReflect ? 1 : 0;
+  return gradient != nullptr && gradient->spreadMethod == egfsvg::kSpreadReflect ? 1 : 0;
 }
 
 /// Kept: alpha stays where it is.

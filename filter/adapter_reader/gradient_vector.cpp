@@ -12,7 +12,6 @@ namespace egfsvg {
 namespace {
 
 constexpr double kQuarterTurn = 1.5707963267;  // radians, as the adapter takes it
-constexpr std::int32_t kSpreadPad = 1;
 constexpr double kPercent = 100.0;
 
 struct Place {
@@ -106,15 +105,15 @@ GradientSpace::GradientSpace(CAdapterReader& adapter, const _svg_gradient& gradi
 void GradientSpace::map(_mpl_spacept_tag& point) { adapter_._transformPoint(&point, &map_); }
 
 void multiplyBounds(CAdapterReader& adapter, const _mpl_spacerect_tag& bounds,
-                    _viewPortMap* map) {
-  if (map == nullptr) return;
+                    _viewPortMap* shapeMap) {
+  if (shapeMap == nullptr) return;
   _transformMatrix box{};
   box.m[0][0] = static_cast<double>(bounds.right) - static_cast<double>(bounds.left);
   box.m[1][1] = static_cast<double>(bounds.bottom) - static_cast<double>(bounds.top);
   box.m[0][2] = bounds.left;
   box.m[1][2] = bounds.top;
   box.m[2][2] = 1.0;
-  adapter.MultMatrix(&map->matrix, &box);
+  adapter.MultMatrix(&shapeMap->matrix, &box);
 }
 
 _mpl_spacept_tag rawPoint(const _svg_value& x, const _svg_value& y) {
@@ -124,7 +123,7 @@ _mpl_spacept_tag rawPoint(const _svg_value& x, const _svg_value& y) {
 }  // namespace egfsvg
 
 /// An objectBoundingBox gradient leaves the box multiplied into the caller's map.
-int CAdapterReader::SetGradientVector(_viewPortMap* map, _mpl_spacerect_tag bounds,
+int CAdapterReader::SetGradientVector(_viewPortMap* shapeMap, _mpl_spacerect_tag bounds,
                                       _svg_gradient* gradient, _mpl_spacept_tag& start,
                                       _mpl_spacept_tag& end, double* angle, std::int32_t* before,
                                       std::int32_t* after) {
@@ -139,7 +138,7 @@ int CAdapterReader::SetGradientVector(_viewPortMap* map, _mpl_spacerect_tag boun
       SVGPointToPts({vector.x2, vector.y2}, &end);
       break;
     case kObjectBoundingBox:
-      multiplyBounds(*this, bounds, map);
+      multiplyBounds(*this, bounds, shapeMap);
       start = rawPoint(vector.x1, vector.y1);
       end = rawPoint(vector.x2, vector.y2);
       bounds = kUnitBounds;
@@ -151,7 +150,7 @@ int CAdapterReader::SetGradientVector(_viewPortMap* map, _mpl_spacerect_tag boun
   if (gradient->spreadMethod == kSpreadPad) {
     SetLinearGrIntersectionPoints(bounds, start, end, before, after);
   }
-  *angle = SetLinearGrBaseAngle(map, start, end);
+  *angle = SetLinearGrBaseAngle(shapeMap, start, end);
   return 0;
 }
 
@@ -170,7 +169,7 @@ void CAdapterReader::SetLinearGrIntersectionPoints(_mpl_spacerect_tag bounds,
 }
 
 /// The angle of the normal, after the caller's map; the map may turn or shear it.
-double CAdapterReader::SetLinearGrBaseAngle(_viewPortMap* map, _mpl_spacept_tag& start,
+double CAdapterReader::SetLinearGrBaseAngle(_viewPortMap* shapeMap, _mpl_spacept_tag& start,
                                             _mpl_spacept_tag& end) {
   using namespace egfsvg;
   const Place s = placeOf(start);
@@ -184,10 +183,10 @@ double CAdapterReader::SetLinearGrBaseAngle(_viewPortMap* map, _mpl_spacept_tag&
     }
   }
   _mpl_spacept_tag q = pointOf(normal);
-  if (map != nullptr) {
-    _transformPoint(&start, map);
-    _transformPoint(&end, map);
-    _transformPoint(&q, map);
+  if (shapeMap != nullptr) {
+    _transformPoint(&start, shapeMap);
+    _transformPoint(&end, shapeMap);
+    _transformPoint(&q, shapeMap);
   }
   if (start.x == q.x) return 0.0;
   if (start.y == q.y) return kQuarterTurn;

@@ -6,6 +6,7 @@
 
 #include "adapter_reader/path_builder.h"
 #include "adapter_reader/svg_adapterreader.h"
+#include "geometry/angles.h"
 #include "host/egf_bits.h"
 #include "host/egf_templates.h"
 #include "host/memory.h"
@@ -106,10 +107,10 @@ bool BezierPathBuilder::putArc(const ArcEnds& ends, const ArcCenter& center) {
 
 /// On a circle the x-axis rotation is taken off both angles.
 void BezierPathBuilder::turnCircle(double rotation, ArcCenter* arc) {
-  const double turn = rotation * 180.0 / kAdapterPi;
+  const double turn = degreesOf(rotation);
   const double sweep = arc->end - arc->start;
-  arc->start = std::fmod(arc->start - turn, 360.0);
-  if (arc->start < 0.0) arc->start += 360.0;
+  arc->start = std::fmod(arc->start - turn, kDegreesInTurn);
+  if (arc->start < 0.0) arc->start += kDegreesInTurn;
   arc->end = arc->start + sweep;
 }
 

@@ -3,17 +3,16 @@
 #include <algorithm>
 #include <cmath>
 
+#include "geometry/angles.h"
+
 namespace egfsvg {
 namespace {
 
-constexpr double kFullTurn = 360.0;
 constexpr double kOnAxis = 1e-9;  // a sine or cosine of this size counts as 0
 
 struct Vector {
   double x, y;
 };
-
-double degreesOf(double radians) { return radians * 180.0 / kAdapterPi; }
 
 /// The angle from a to b. Host angles run against SVG's, so the sign of the cross product is turned.
 double angleBetween(const Vector& a, const Vector& b) {
@@ -28,16 +27,16 @@ double angleBetween(const Vector& a, const Vector& b) {
 double sweepByFlags(double sweep, bool largeArc, bool sweepFlag) {
   const double size = std::fabs(sweep);
   if (!largeArc && size > 0.0 && size < 1.0) return sweepFlag ? -size : size;
-  if (!sweepFlag && sweep < 0.0) return sweep + kFullTurn;
-  if (sweepFlag && sweep > 0.0) return sweep - kFullTurn;
+  if (!sweepFlag && sweep < 0.0) return sweep + kDegreesInTurn;
+  if (sweepFlag && sweep > 0.0) return sweep - kDegreesInTurn;
   return sweep;
 }
 
 void setAngles(double theta, double sweep, ArcCenter* out) {
   const double first = sweep >= 0.0 ? theta : theta + sweep;
-  double start = std::fmod(first, kFullTurn);
-  if (start < 0.0) start += kFullTurn;
-  if (start >= kFullTurn) start = 0.0;
+  double start = std::fmod(first, kDegreesInTurn);
+  if (start < 0.0) start += kDegreesInTurn;
+  if (start >= kDegreesInTurn) start = 0.0;
   out->start = start;
   out->end = start + std::fabs(sweep);
 }
@@ -82,22 +81,22 @@ bool arcFromEnds(const ArcEnds& e, ArcCenter* out) {
 }
 
 double scaledArcAngle(double degrees, double scaleX, double scaleY) {
-  const double angle = std::fmod(degrees, kFullTurn);
-  const double radians = angle * kAdapterPi / 180.0;
+  const double angle = std::fmod(degrees, kDegreesInTurn);
+  const double radians = radiansOf(angle);
   const double sine = std::sin(radians);
   const double cosine = std::cos(radians);
   if (std::fabs(sine) <= kOnAxis || std::fabs(cosine) <= kOnAxis) return angle;
   double scaled = degreesOf(std::atan2(std::fabs(sine / cosine) * sign(sine),
                                        (scaleX / scaleY) * sign(cosine)));
-  if (scaled < 0.0 && angle > 0.0) scaled += kFullTurn;
-  if (scaled > 0.0 && angle < 0.0) scaled -= kFullTurn;
+  if (scaled < 0.0 && angle > 0.0) scaled += kDegreesInTurn;
+  if (scaled > 0.0 && angle < 0.0) scaled -= kDegreesInTurn;
   return scaled;
 }
 
 void scaleArcAngles(double* start, double* end, double scaleX, double scaleY) {
   *start = scaledArcAngle(*start, scaleX, scaleY);
   *end = scaledArcAngle(*end, scaleX, scaleY);
-  if (*end <= *start) *end += kFullTurn;
+  if (*end <= *start) *end += kDegreesInTurn;
 }
 
 }  // namespace egfsvg

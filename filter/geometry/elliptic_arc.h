@@ -4,9 +4,6 @@
 
 namespace egfsvg {
 
-/// Pi as every degree conversion of the adapter takes it.
-inline constexpr double kAdapterPi = 3.1415926534;
-
 /// An arc as a path command gives it. Points and radii share one unit; the rotation is the SVG
 /// x-axis rotation in radians.
 struct ArcEnds {

@@ -7,6 +7,7 @@
 
 #include "host/memory.h"
 #include "model/characters.h"
+#include "model/lifecycle.h"
 #include "model/numbers.h"
 #include "reader/svg_handlerreader.h"
 
