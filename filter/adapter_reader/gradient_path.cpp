@@ -68,12 +68,12 @@ int CAdapterReader::SetGradientPath(_viewPortMap* shapeMap, _mpl_spacerect_tag b
   _mpl_spacept_tag focus{}, center{};
   float radius = 0.0F;
   switch (gradient->gradientUnits) {
-    case kUserSpaceOnUse:
+    case kGradientUserSpace:
       SVGPointToPts({circle.fx, circle.fy}, &focus);
       SVGPointToPts({circle.cx, circle.cy}, &center);
       radius = castS32(circle.r);
       break;
-    case kObjectBoundingBox:
+    case kGradientBoundingBox:
       multiplyBounds(*this, bounds, shapeMap);
       focus = rawPoint(circle.fx, circle.fy);
       center = rawPoint(circle.cx, circle.cy);

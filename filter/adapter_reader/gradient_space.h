@@ -12,8 +12,6 @@ class CAdapterReader;
 
 namespace egfsvg {
 
-enum GradientUnits : std::int32_t { kUserSpaceOnUse = 1, kObjectBoundingBox = 2 };
-
 /// The box that objectBoundingBox points are given in, in pixels.
 inline constexpr _mpl_spacerect_tag kUnitBounds{0.0F, 1.0F, 0.0F, 1.0F};
 

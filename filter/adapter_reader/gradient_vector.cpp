@@ -133,11 +133,11 @@ int CAdapterReader::SetGradientVector(_viewPortMap* shapeMap, _mpl_spacerect_tag
   GradientSpace space(*this, *gradient);
   const auto& vector = gradient->parms.linear;
   switch (gradient->gradientUnits) {
-    case kUserSpaceOnUse:
+    case kGradientUserSpace:
       SVGPointToPts({vector.x1, vector.y1}, &start);
       SVGPointToPts({vector.x2, vector.y2}, &end);
       break;
-    case kObjectBoundingBox:
+    case kGradientBoundingBox:
       multiplyBounds(*this, bounds, shapeMap);
       start = rawPoint(vector.x1, vector.y1);
       end = rawPoint(vector.x2, vector.y2);

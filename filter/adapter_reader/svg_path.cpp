@@ -13,6 +13,7 @@
 #include "host/messages.h"
 #include "model/codes.h"
 #include "model/numbers.h"
+#include "model/rmm_allocator.h"
 
 namespace egfsvg {
 namespace {
@@ -211,8 +212,8 @@ _mpl_spacerect_tag BezierPathBuilder::bounds(double margin) const {
 _egf_obj* CAdapterReader::SVG_formatGDIPlusPath(_svg_path* element) {
   using namespace egfsvg;
   if (element->graphics.visibility == kHidden) return nullptr;
-  MapOwner map(*this, _findMapMatrix(&element->head, nullptr, nullptr));
-  BezierPathBuilder builder(*this, map.get(), element->pathCount > 1);
+  MapOwner pathMap(*this, _findMapMatrix(&element->head, nullptr, nullptr));
+  BezierPathBuilder builder(*this, pathMap.get(), element->pathCount > 1);
   if (!builder.ready() || !PathWalk(*this, builder).run(*element)) {
     logOutOfMemory(RMM_SITE);
     return nullptr;
@@ -222,7 +223,7 @@ _egf_obj* CAdapterReader::SVG_formatGDIPlusPath(_svg_path* element) {
   castLineThickness(element->stroke.strokeWidth, &width);
   _mpl_spacerect_tag bounds = builder.bounds(width.value / 2.0);
   _egf_obj* path = builder.release();
-  if (_setPathParms(path, bounds, map.get(), element->fill, element->stroke, element->graphics) !=
+  if (_setPathParms(path, bounds, pathMap.get(), element->fill, element->stroke, element->graphics) !=
       0) {
     return nullptr;  // the setter has destroyed it
   }

@@ -197,6 +197,8 @@ class CHandlerReader {
   int AddStopTagToParent(_svg_gradient* gradient, _svg_stop* stop);
   int SetLinkedStopTags(_svg_gradient* gradient);
   void SetBoundingBoxUnits(_svg_gradient* gradient);
+  int readGradientAttributes(_svg_gradient* gradient);
+  void readStops(_svg_gradient* gradient);
 
   // Classes, style attributes, sheets and entities (svg_style.cpp, css_*.cpp).
   int SetClassNameAtt(_svg_common* head, _svg_attrib_pair* pair);
