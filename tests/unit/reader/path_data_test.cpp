@@ -1,0 +1,150 @@
+// Path data: what each text becomes, sub-path by sub-path.
+
+#include <gtest/gtest.h>
+
+#include <charconv>
+#include <string>
+#include <string_view>
+
+#include "model/lifecycle.h"
+#include "model/path_commands.h"
+#include "reader/svg_handlerreader.h"
+
+namespace egfsvg {
+namespace {
+
+std::string shortest(double number) {
+  char text[32];
+  return {text, std::to_chars(text, text + sizeof text, number).ptr};
+}
+
+constexpr std::string_view kLetters = "..ZMmLlCcQqAaHhVvSsTt";
+
+int argumentCount(std::int32_t command) {
+  constexpr int kCounts[] = {0, 0, 0, 2, 2, 2, 2, 6, 6, 4, 4, 2, 2, 1, 1, 1, 1, 4, 4, 2, 2};
+  return kCounts[command];
+}
+
+/// "M(0,0)", and an arc as "A(x,y,rx,ry,rotation,large,sweep)".
+std::string textOf(const _svg_path_data& d) {
+  std::string text(1, kLetters[static_cast<std::size_t>(d.command)]);
+  const _svg_value* args[] = {&d.arg0, &d.arg1, &d.arg2, &d.arg3, &d.arg4, &d.arg5};
+  const int count = argumentCount(d.command);
+  if (count == 0) return text;
+  text += '(';
+  for (int i = 0; i < count; ++i) text += (i > 0 ? "," : "") + shortest(args[i]->value);
+  if (d.command == kPathArcAbs || d.command == kPathArcRel) {
+    text += "," + shortest(d.arg2.value) + "," + shortest(d.arg3.value) + "," +
+            shortest(d.arg4.value) + "," + std::to_string(d.arg4.axis) + "," +
+            std::to_string(d.arg5.unit);
+  }
+  return text + ")";
+}
+
+/// "0; [M(0,0) L(1,1)] c0 f0; ..."
+std::string parsed(const char* text, bool compact = false) {
+  CHandlerReader reader;
+  reader.state.settings.compactNumbers = compact;
+  _svg_path path;
+  initPath(&path);
+  path.pathFlag = 1;
+  std::string result = std::to_string(reader.SetPathAtt(&path, text));
+  for (std::int32_t i = 0; i < path.pathCount; ++i) {
+    const _svg_singlepath& sub = path.paths[i];
+    result += "; [";
+    for (std::int32_t j = 0; j < sub.dataCount; ++j) {
+      result += (j > 0 ? " " : "") + textOf(sub.data[j]);
+    }
+    result += "] c" + std::to_string(sub.closed) + " f" + std::to_string(sub.subFlag);
+  }
+  DestroyPathElements(&path);
+  return result;
+}
+
+struct PathRow {
+  const char* text;
+  const char* expected;
+};
+
+TEST(PathData, BecomesSubPaths) {
+  const PathRow rows[] = {
+      {"M 0 0 L 10 0 L 0 0", "0; [M(0,0) L(10,0) L(0,0)] c1 f0"},
+      {"M0 0 L10 0 Z M5 5 L6 6", "0; [M(0,0) L(10,0) Z] c1 f0; [M(5,5) L(6,6)] c0 f0"},
+      {"M0 0 10 0 20 0", "0; [M(0,0) L(10,0) L(20,0)] c0 f0"},
+      {"M0 0 L30000 0 L10 10", "0; [M(0,0) L(10,10)] c0 f0"},
+      {"M1e2 0", "0; [M(100,0)] c1 f0"},
+      {"M1E2 0", "0; [M(1,2) L(0,0)] c0 f0"},
+      {"", "-1"},
+      {"   ", "-1"},
+      {"A 5 5 0 1 0 10 10", "0; [A(10,10,5,5,0,1,0)] c1 f0"},
+      {"M0 0 L25000 0", "0; [M(0,0) L(25000,0)] c0 f0"},
+      {"M0 0 L25000.1 0", "0; [M(0,0)] c1 f0"},
+      {"M0 0 L-25000.1 0", "0; [M(0,0)] c1 f0"},
+      {"M0 0 l30000 0", "0; [M(0,0) l(30000,0)] c0 f0"},
+      {"M0 0 30000 0 5 5", "0; [M(0,0) L(5,5)] c0 f0"},
+      {"m0 0 l10 0 l0 0", "0; [m(0,0) l(10,0) l(0,0)] c1 f0"},
+      {"M0 0 L1 1 M5 5 L6 6", "0; [M(0,0) L(1,1)] c0 f0; [M(5,5) L(6,6)] c0 f1"},
+      {"M0 0 L10 0 Z M5 5 L0 0", "0; [M(0,0) L(10,0) Z] c1 f0; [M(5,5) L(0,0)] c1 f0"},
+      {"M0 0a1 1 0 01 5 5", "0; [M(0,0) a(5,0,1,1,0,1,5)] c0 f0"},
+      {"M0 0 e 5 5", "0; [M(0,0)] c1 f0"},
+      {"M1 2E3 4L5 5", "0; [M(1,2) L(5,5)] c0 f0"},
+      {"M0 0 Hx", "0; [M(0,0) H(0)] c1 f0"},
+      {"M0 0 h5 v5 H0 V0", "0; [M(0,0) h(5) v(5) H(0) V(0)] c1 f0"},
+      {"M0,0C1,2,3,4,5,6S7,8,9,10", "0; [M(0,0) C(1,2,3,4,5,6) S(7,8,9,10)] c0 f0"},
+      {"M0 0q1 2 3 4t5 6", "0; [M(0,0) q(1,2,3,4) t(5,6)] c0 f0"},
+      {"M0 0L1 1,", "0; [M(0,0) L(1,1) L(0,0)] c1 f0"},   // a trailing comma is one more command
+      {"M0 0L.5.5 9 9", "0; [M(0,0) L(0.5,9) L(9,0)] c0 f0"},
+      {"M1+2 3", "0; [M(1,3)] c1 f0"},
+      {"M0 0Z3", "0; [M(0,0) Z] c1 f0; [Z] c1 f0"},       // each byte closes once more
+  };
+  for (const PathRow& row : rows) EXPECT_EQ(parsed(row.text), row.expected) << row.text;
+}
+
+TEST(PathData, ReadsCompactNumbersWhenAsked) {
+  const PathRow rows[] = {
+      {"M.5.5 1", "0; [M(0.5,0.5) L(1,0)] c0 f0"},
+      {"M1+2-3+4", "0; [M(1,2) L(-3,4)] c0 f0"},
+      {"M1E2 0", "0; [M(100,0)] c1 f0"},
+      {"M0 0a1 1 0 0110 5", "0; [M(0,0) a(10,5,1,1,0,0,1)] c0 f0"},
+      {"M0 0a1 1 0 1 0-3.5.5", "0; [M(0,0) a(-3.5,0.5,1,1,0,1,0)] c0 f0"},
+      {"M0 0L1 1,", "0; [M(0,0) L(1,1) L(0,0)] c1 f0"},
+  };
+  for (const PathRow& row : rows) EXPECT_EQ(parsed(row.text, true), row.expected) << row.text;
+}
+
+TEST(PathData, ValuesCarryTheirUnits) {
+  CHandlerReader reader;
+  _svg_path path;
+  initPath(&path);
+  ASSERT_EQ(reader.SetPathAtt(&path, "M1 2A5 6 7 1 0 10 11"), 0);
+  const _svg_path_data& move = path.paths[0].data[0];
+  EXPECT_EQ(move.arg0.unit, kUnitPixel);
+  EXPECT_EQ(move.arg0.axis, kAxisNone);
+  const _svg_path_data& arc = path.paths[0].data[1];
+  EXPECT_EQ(arc.arg2.unit, kUnitPixel);
+  EXPECT_EQ(arc.arg4.unit, kUnitDegree);
+  EXPECT_EQ(arc.arg4.value, 7.0);
+  DestroyPathElements(&path);
+}
+
+TEST(PathData, NumbersRunToTheirEnd) {
+  CHandlerReader reader;
+  int index = 0;
+  EXPECT_EQ(reader.GetNextPathCoord("1-2", index), 1.0);
+  EXPECT_EQ(reader.GetNextPathCoord("1-2", index), -2.0);
+  EXPECT_EQ(reader.GetNextPathCoord("1-2", index), 0.0);
+}
+
+TEST(PathData, ASecondAttributeStartsAgain) {
+  CHandlerReader reader;
+  _svg_path path;
+  initPath(&path);
+  ASSERT_EQ(reader.SetPathAtt(&path, "M0 0 L1 1"), 0);
+  ASSERT_EQ(reader.SetPathAtt(&path, "M5 5"), 0);
+  EXPECT_EQ(path.pathCount, 1);
+  EXPECT_EQ(path.paths[0].dataCount, 1);
+  DestroyPathElements(&path);
+}
+
+}  // namespace
+}  // namespace egfsvg
