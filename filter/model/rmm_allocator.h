@@ -82,6 +82,9 @@ class GrowingArray {
   /// Drops entries from the end.
   void cutTo(std::int32_t count) { count_ = count < count_ ? count : count_; }
 
+  /// After a write behind the entries, within what was reserved.
+  void setCount(std::int32_t count) { count_ = count; }
+
   bool reserve(std::int32_t capacity) { return capacity <= capacity_ || resize(capacity); }
 
   /// A new uninitialised entry, or null.
