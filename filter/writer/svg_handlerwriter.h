@@ -89,5 +89,6 @@ class CHandlerWriter {
 
   egfsvg::LineBuilder line_;   // reused between lines
   egfsvg::LineBuilder style_;
+  egfsvg::LineBuilder reference_;
   std::int32_t openSvgs_ = 0;  // the outermost svg may carry namespaces
 };

@@ -1,0 +1,27 @@
+// What the lines of all elements share: the opening, the reference to a style entity, a rotation.
+#pragma once
+
+#include <string_view>
+
+#include "model/groups.h"
+#include "writer/line_builder.h"
+
+namespace egfsvg {
+
+/// Lines of points and path segments are broken by the writer and go on behind four blanks.
+inline constexpr const char* kContinuation = "    ";
+
+/// Three blanks, the element's opening, its class when it has one, and a blank.
+void startElement(const char* name, const _svg_common& head, LineBuilder& out);
+
+/// The style text: the attributes alone, or behind the reference that the head names (`out` then
+/// holds it).
+std::string_view withReference(const _svg_common& head, const LineBuilder& attributes,
+                               LineBuilder& out);
+std::string_view withReference(const _svg_common& head, const LineBuilder& attributes,
+                               const char* format, LineBuilder& out);
+
+/// The first transform entry, when it is a rotation, else null.
+const transformEntry* rotationOf(const _svg_common& head);
+
+}  // namespace egfsvg

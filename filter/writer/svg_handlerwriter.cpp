@@ -1,0 +1,104 @@
+// The dispatch: a row a record type. A link is the only record with children inside it.
+
+#include "writer/svg_handlerwriter.h"
+
+#include "frame/result_codes.h"
+#include "host/memory.h"
+
+namespace egfsvg {
+namespace {
+
+using WriteCall = int (*)(CHandlerWriter&, void* record, HostHandle stream);
+
+/// A row's call: the member with its record, or without one.
+template <auto kMember, class Record>
+int writeRecord(CHandlerWriter& writer, void* record, HostHandle stream) {
+  return (writer.*kMember)(static_cast<Record*>(record), stream);
+}
+template <auto kMember>
+int writeText(CHandlerWriter& writer, void*, HostHandle stream) {
+  return (writer.*kMember)(stream);
+}
+
+int writeNothing(CHandlerWriter&, void*, HostHandle) { return 0; }
+
+int writeLink(CHandlerWriter& writer, void* record, HostHandle stream);
+
+struct WriteRow {
+  std::int32_t type;
+  WriteCall call;
+  bool insideLink;  // written as a child of a link
+};
+
+using W = CHandlerWriter;
+
+constexpr std::int32_t kTypeHeader = 1, kTypeNothing = 2, kTypeGradient = 29, kTypeRule = 37,
+                       kTypeScript = 39, kTypeEndDoctype = 1017, kTypeEndScript = 1018;
+
+constexpr WriteRow kRows[] = {
+    {kTypeHeader, writeRecord<&W::writeSVGHeader, _objectStream>, false},
+    {kTypeNothing, writeNothing, false},
+    {kTagSvg, writeRecord<&W::writeOpenSVGTag, _svg_svg>, false},
+    {kTagStyle, writeText<&W::writeOpenStyleTag>, false},
+    {kTagPath, writeRecord<&W::writeSVGPathTag, _svg_path>, false},
+    {kTagRect, writeRecord<&W::writeSVGRectTag, _svg_rect>, false},
+    {kTagCircle, writeRecord<&W::writeSVGCircleTag, _svg_circle>, true},
+    {kTagEllipse, writeRecord<&W::writeSVGEllipseTag, _svg_ellipse>, true},
+    {kTagLine, writeRecord<&W::writeSVGLineTag, _svg_line>, false},
+    {kTagPolyline, writeRecord<&W::writeSVGPolylineTag, _svg_polyline>, false},
+    {kTagPolygon, writeRecord<&W::writeSVGPolygonTag, _svg_polygon>, true},
+    {kTagText, writeRecord<&W::writeSVGTextTag, _svg_text>, true},
+    {kTagGroup, writeRecord<&W::writeSVGGroupTag, _svg_group>, false},
+    {kTagDefs, writeText<&W::writeOpenDefsTag>, false},
+    {kTagImage, writeRecord<&W::writeSVGImageTag, _svg_image>, false},
+    {kTagEntity, writeRecord<&W::writeEntityData, _svg_style_props>, false},
+    {kTagLink, writeLink, false},
+    {kTypeGradient, writeRecord<&W::writeGradientTag, _svg_gradient>, false},
+    {kTypeRule, writeRecord<&W::writeCSSStyleSheetData, _svg_style_props>, false},
+    {kTypeScript, writeRecord<&W::writeOpenScriptTag, _svg_script>, false},
+    {kTagCloud, writeRecord<&W::writeCloudGroup, _svg_markup_cloud>, true},
+    {kTagCrossout, writeRecord<&W::writeCrossOutGroup, _svg_markup_crossout>, true},
+    {kTagDiamond, writeRecord<&W::writeDiamondGroup, _svg_markup_diamond>, true},
+    {kTagAnnotation, writeRecord<&W::writeAnnoGroup, _svg_markup_anno>, false},
+    {kTagEndSvg, writeText<&W::writeCloseSVGTag>, false},
+    {kTagEndGroup, writeText<&W::writeSVGGroupCloseTag>, false},
+    {kTagEndDefs, writeText<&W::writeCloseDefsTag>, false},
+    {kTagEndStyle, writeText<&W::writeCloseStyleTag>, false},
+    {kTypeEndDoctype, writeText<&W::writeCloseDoctype>, false},
+    {kTypeEndScript, writeText<&W::writeCloseScriptTag>, false},
+};
+
+const WriteRow* rowOf(std::int32_t type) {
+  for (const WriteRow& row : kRows) {
+    if (row.type == type) return &row;
+  }
+  return nullptr;
+}
+
+/// Children of other kinds are passed over. A child that fails leaves the link open.
+int writeLink(CHandlerWriter& writer, void* record, HostHandle stream) {
+  auto* link = static_cast<_svg_a*>(record);
+  writer.writeSVGLinkTag(link, stream);
+  const std::int32_t count = link->objects == nullptr ? 0 : link->objectCount;
+  for (std::int32_t i = 0; i < count; ++i) {
+    const WriteRow* row = rowOf(link->objects[i].type);
+    if (row == nullptr || !row->insideLink) continue;
+    if (row->call(writer, &link->objects[i].head, stream) == -1) return -1;
+  }
+  return writer.writeSVGLinkCloseTag(stream);
+}
+
+}  // namespace
+}  // namespace egfsvg
+
+void CHandlerWriter::operator delete(void* block) { RMM_Free(block); }
+
+int CHandlerWriter::OpenWriter(_handlerOpenWriter*) { return egfsvg::kOk; }
+int CHandlerWriter::CloseWriter() { return egfsvg::kOk; }
+
+int CHandlerWriter::WriteObject(_handlerWriteObject* record) {
+  using namespace egfsvg;
+  const WriteRow* row = rowOf(record->type);
+  if (row == nullptr) return kUnknownWriteType;
+  return row->call(*this, record->payload<void>(), record->stream) == -1 ? kLineNotWritten : kOk;
+}

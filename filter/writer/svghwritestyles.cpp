@@ -1,0 +1,84 @@
+// The attribute form: fill, stroke and graphics as presentation attributes, each ending in a blank.
+
+#include "writer/paint_tests.h"
+#include "writer/svg_handlerwriter.h"
+
+namespace egfsvg {
+namespace {
+
+void addFill(const _svg_pa_fill& fill, double opacity, LineBuilder& out) {
+  if (hasColour(fill.packedColor)) {
+    if (isInvisible(fill.fillOpacity, opacity)) {
+      out.add("fill=\"none\" ");
+    } else if (fill.packedColor != kBlackPaint) {
+      out.format("fill=\"#%6x\" ", {fill.packedColor});
+    }
+  }
+  if (fill.packedColor != kNoPaint && fill.fillUrl != nullptr) {
+    out.format("fill=\"url(#grad%s)\" ", {fill.fillUrl});
+  }
+  if (isPartial(fill.fillOpacity)) out.format("fill-opacity=\"%.2f\" ", {fill.fillOpacity});
+}
+
+/// Stroke colour 0 is printed, unlike fill colour 0.
+void addStroke(const _svg_pa_stroke& stroke, double opacity, LineBuilder& out) {
+  if (hasColour(stroke.packedColor)) {
+    if (isInvisible(stroke.strokeOpacity, opacity)) {
+      out.add("stroke=\"none\" ");
+    } else if (stroke.strokeOpacity == 1.0) {
+      out.format("stroke=\"#%6x\" ", {stroke.packedColor});
+    } else {
+      out.format("stroke=\"#%6x\" stroke-opacity=\"%.2f\" ",
+                 {stroke.packedColor, stroke.strokeOpacity});
+    }
+  }
+  if (stroke.packedColor != kNoPaint && stroke.strokeUrl != nullptr) {
+    out.format("stroke=\"url(#grad%s)\" ", {stroke.strokeUrl});
+  }
+}
+
+void addDashes(const _svg_pa_stroke& stroke, LineBuilder& out) {
+  if (stroke.strokeDashCount <= 0) return;
+  out.add("stroke-dasharray=\"");
+  addDashList(stroke, out);
+  out.add("\" ");
+}
+
+}  // namespace
+
+void addDashList(const _svg_pa_stroke& stroke, LineBuilder& out) {
+  for (std::int32_t i = 0; i < stroke.strokeDashCount; ++i) {
+    out.format(i == 0 ? "%.6f" : ",%.6f", {stroke.strokeDashArray[i].value});
+  }
+}
+
+}  // namespace egfsvg
+
+void CHandlerWriter::GetLocalAttribs(const _svg_pa_fill& fill, const _svg_pa_stroke& stroke,
+                                     const _svg_pa_graphics& graphics, egfsvg::LineBuilder& out) {
+  using namespace egfsvg;
+  out.clear();
+  addFill(fill, graphics.opacity, out);
+  addStroke(stroke, graphics.opacity, out);
+  if (hasWidth(stroke, graphics)) {
+    const double width = stroke.strokeWidth.value;
+    out.format(width < kThinnest ? "stroke-width=\"%e\" " : "stroke-width=\"%.6f\" ", {width});
+  }
+  if (isPartial(graphics.opacity)) out.format("opacity=\"%.2f\" ", {graphics.opacity});
+  if (fill.fillRule == kRuleEvenOdd) out.add("fill-rule=\"evenodd\" ");
+  addDashes(stroke, out);
+}
+
+void CHandlerWriter::AddLineCapAttrib(const _svg_pa_stroke& stroke, egfsvg::LineBuilder& out) {
+  if (stroke.strokeLinecap == egfsvg::kCapCodeRound) out.add("stroke-linecap=\"round\" ");
+  if (stroke.strokeLinecap == egfsvg::kCapCodeSquare) out.add("stroke-linecap=\"square\" ");
+}
+
+void CHandlerWriter::AddLineJoinAttrib(const _svg_pa_stroke& stroke, egfsvg::LineBuilder& out) {
+  using namespace egfsvg;
+  if (stroke.strokeLinejoin == kJoinCodeBevel) out.add("stroke-linejoin=\"bevel\" ");
+  if (stroke.strokeLinejoin == kJoinCodeRound) out.add("stroke-linejoin=\"round\" ");
+  if (stroke.strokeLinejoin == kJoinCodeMiter && stroke.strokeMiterlimit != kDefaultMiterLimit) {
+    out.format("stroke-linejoin=\"miter\" stroke-miterlimit=\"%d\" ", {stroke.strokeMiterlimit});
+  }
+}
