@@ -40,56 +40,56 @@ char* text(const char* literal) { return const_cast<char*>(literal); }
 TEST(ElementLines, Rect) {
   expectLines<_svg_rect>(
       kTagRect, initRect,
-      {{[](auto&) {}, R"(   <rect x="0" y="0" width="0" height="0" stroke="#ffffff"  />)"},
+      {{[](auto&) {}, R"~(   <rect x="0" y="0" width="0" height="0" stroke="#ffffff"  />)~"},
        {[](auto& r) { r.fill.packedColor = 0x0000ff; },
-        R"(   <rect x="0" y="0" width="0" height="0" fill="#0000ff" stroke="#ffffff"  />)"},
+        R"~(   <rect x="0" y="0" width="0" height="0" fill="#0000ff" stroke="#ffffff"  />)~"},
        {[](auto& r) {
           r.fill.packedColor = 0xabcdef;
           r.stroke.packedColor = -1;
         },
-        R"(   <rect x="0" y="0" width="0" height="0" fill="#abcdef"  />)"},
+        R"~(   <rect x="0" y="0" width="0" height="0" fill="#abcdef"  />)~"},
        {[](auto& r) {
           r.fill.packedColor = -1;
           r.fill.fillUrl = text("7");
           r.stroke.packedColor = -1;
         },
-        R"(   <rect x="0" y="0" width="0" height="0"  />)"},
+        R"~(   <rect x="0" y="0" width="0" height="0"  />)~"},
        {[](auto& r) {
           r.fill.packedColor = -2;
           r.fill.fillUrl = text("7");
           r.stroke.packedColor = -2;
           r.stroke.strokeUrl = text("8");
         },
-        R"(   <rect x="0" y="0" width="0" height="0" fill="url(#grad7)" stroke="url(#grad8)"  />)"},
+        R"~(   <rect x="0" y="0" width="0" height="0" fill="url(#grad7)" stroke="url(#grad8)"  />)~"},
        {[](auto& r) {
           r.fill.packedColor = 0x112233;
           r.fill.fillUrl = text("7");
           r.stroke.packedColor = -1;
         },
-        R"(   <rect x="0" y="0" width="0" height="0" fill="#112233" fill="url(#grad7)"  />)"},
+        R"~(   <rect x="0" y="0" width="0" height="0" fill="#112233" fill="url(#grad7)"  />)~"},
        {[](auto& r) {
           r.graphics.opacity = 0.25;
           r.fill.packedColor = 0xff;
           r.stroke.packedColor = -1;
         },
-        R"(   <rect x="0" y="0" width="0" height="0" fill="#0000ff" opacity="0.25"  />)"},
+        R"~(   <rect x="0" y="0" width="0" height="0" fill="#0000ff" opacity="0.25"  />)~"},
        {[](auto& r) {
           r.stroke.packedColor = 0x00ff00;
           r.stroke.strokeOpacity = 0.333;
         },
-        R"(   <rect x="0" y="0" width="0" height="0" stroke="#00ff00" stroke-opacity="0.33"  />)"},
+        R"~(   <rect x="0" y="0" width="0" height="0" stroke="#00ff00" stroke-opacity="0.33"  />)~"},
        {[](auto& r) {
           r.stroke.packedColor = 0x00ff00;
           r.stroke.strokeOpacity = 1.5;
         },
-        R"(   <rect x="0" y="0" width="0" height="0" stroke="#00ff00" stroke-opacity="1.50"  />)"},
+        R"~(   <rect x="0" y="0" width="0" height="0" stroke="#00ff00" stroke-opacity="1.50"  />)~"},
        {[](auto& r) {
           r.stroke.packedColor = -1;
           r.x.value = 1.9;
           r.y.value = -1.9;
           r.width.value = 1e99;
         },
-        R"(   <rect x="1" y="-1" width="2147483647" height="0"  />)"}});
+        R"~(   <rect x="1" y="-1" width="2147483647" height="0"  />)~"}});
 }
 
 TEST(ElementLines, JoinsAndMiterLimits) {
@@ -97,9 +97,9 @@ TEST(ElementLines, JoinsAndMiterLimits) {
     std::int32_t join, limit;
     const char* expected;
   };
-  const JoinRow rows[] = {{3, 4, R"(stroke-linejoin="bevel" )"},
-                          {2, 4, R"(stroke-linejoin="round" )"},
-                          {1, 9, R"(stroke-linejoin="miter" stroke-miterlimit="9" )"},
+  const JoinRow rows[] = {{3, 4, R"~(stroke-linejoin="bevel" )~"},
+                          {2, 4, R"~(stroke-linejoin="round" )~"},
+                          {1, 9, R"~(stroke-linejoin="miter" stroke-miterlimit="9" )~"},
                           {1, 4, ""},
                           {-1, 9, ""}};
   for (const JoinRow& row : rows) {
@@ -110,7 +110,7 @@ TEST(ElementLines, JoinsAndMiterLimits) {
     rect.stroke.strokeMiterlimit = row.limit;
     WriterHarness harness;
     EXPECT_EQ(harness.write(kTagRect, rect), 0);
-    EXPECT_EQ(harness.text(), R"(   <rect x="0" y="0" width="0" height="0" )" +
+    EXPECT_EQ(harness.text(), R"~(   <rect x="0" y="0" width="0" height="0" )~" +
                                   std::string(row.expected) + " />");
   }
 }
@@ -127,7 +127,7 @@ TEST(ElementLines, ClassAndReference) {
   WriterHarness harness;
   EXPECT_EQ(harness.write(kTagRect, rect), 0);
   EXPECT_EQ(harness.text(),
-            R"(   <rect class="a" x="0" y="0" width="0" height="0" style="&st12;" fill="#0000ff"  />)");
+            R"~(   <rect class="a" x="0" y="0" width="0" height="0" style="&st12;" fill="#0000ff"  />)~");
 }
 
 TEST(ElementLines, WidthsAndDashes) {
@@ -136,10 +136,10 @@ TEST(ElementLines, WidthsAndDashes) {
     const char* expected;
   };
   const WidthRow rows[] = {{1.0, ""},
-                           {1.000001, R"(stroke-width="1.000001" )"},
-                           {0.0, R"(stroke-width="0.000000e+00" )"},
+                           {1.000001, R"~(stroke-width="1.000001" )~"},
+                           {0.0, R"~(stroke-width="0.000000e+00" )~"},
                            {-1.0, ""},
-                           {2.5, R"(stroke-width="2.500000" )"}};
+                           {2.5, R"~(stroke-width="2.500000" )~"}};
   for (const WidthRow& row : rows) {
     _svg_circle circle;
     initCircle(&circle);
@@ -147,7 +147,7 @@ TEST(ElementLines, WidthsAndDashes) {
     circle.stroke.strokeWidth.value = row.width;
     WriterHarness harness;
     EXPECT_EQ(harness.write(kTagCircle, circle), 0);
-    EXPECT_EQ(harness.text(), R"(   <circle cx="0.000"  cy="0.000" r="0.000" )" +
+    EXPECT_EQ(harness.text(), R"~(   <circle cx="0.000"  cy="0.000" r="0.000" )~" +
                                   std::string(row.expected) + " />");
   }
   _svg_value dashes[] = {pixels(4), pixels(2.5)};
@@ -160,8 +160,8 @@ TEST(ElementLines, WidthsAndDashes) {
   WriterHarness harness;
   EXPECT_EQ(harness.write(kTagCircle, circle), 0);
   EXPECT_EQ(harness.text(),
-            R"(   <circle cx="0.000"  cy="0.000" r="0.000" fill-rule="evenodd" )"
-            R"(stroke-dasharray="4.000000,2.500000"  />)");
+            R"~(   <circle cx="0.000"  cy="0.000" r="0.000" fill-rule="evenodd" )~"
+            R"~(stroke-dasharray="4.000000,2.500000"  />)~");
 }
 
 TEST(ElementLines, Line) {
@@ -172,12 +172,12 @@ TEST(ElementLines, Line) {
           l.stroke.packedColor = -1;
           l.stroke.strokeLinecap = 2;
         },
-        R"(   <line x1="0.00"  y1="0.00" x2="0.00" y2="0.00" style="&stroke_st7;" stroke-linecap="round" />)"},
+        R"~(   <line x1="0.00"  y1="0.00" x2="0.00" y2="0.00" style="&stroke_st7;" stroke-linecap="round" />)~"},
        {[](auto& l) {
           l.stroke.packedColor = 0;
           l.stroke.strokeLinecap = 3;
         },
-        R"(   <line x1="0.00"  y1="0.00" x2="0.00" y2="0.00" stroke="#000000" stroke-linecap="square" />)"}});
+        R"~(   <line x1="0.00"  y1="0.00" x2="0.00" y2="0.00" stroke="#000000" stroke-linecap="square" />)~"}});
 }
 
 TEST(ElementLines, EllipseTakesARotation) {
@@ -199,8 +199,8 @@ TEST(ElementLines, EllipseTakesARotation) {
     EXPECT_EQ(harness.write(kTagEllipse, ellipse), 0);
     EXPECT_EQ(harness.text(),
               entry == &rotation
-                  ? R"(   <ellipse cx="1.000"  cy="2.900" rx="3.000" ry="4.000"   transform="rotate(-30.000000 1 2)"/>)"
-                  : R"(   <ellipse cx="1.000"  cy="2.900" rx="3.000" ry="4.000"  />)");
+                  ? R"~(   <ellipse cx="1.000"  cy="2.900" rx="3.000" ry="4.000"   transform="rotate(-30.000000 1 2)"/>)~"
+                  : R"~(   <ellipse cx="1.000"  cy="2.900" rx="3.000" ry="4.000"  />)~");
   }
 }
 
@@ -220,12 +220,12 @@ std::string pointLines(std::int32_t type, std::int32_t count) {
 
 TEST(ElementLines, PointsStandFiveInALine) {
   EXPECT_EQ(pointLines(kTagPolyline, 5),
-            R"(   <polyline points="0.0,0.5 1.0,1.5 2.0,2.5 3.0,3.5 4.0,4.5 |    " />)");
-  EXPECT_EQ(pointLines(kTagPolyline, 2), R"(   <polyline points="0.0,0.5 1.0,1.5 " />)");
+            R"~(   <polyline points="0.0,0.5 1.0,1.5 2.0,2.5 3.0,3.5 4.0,4.5 |    " />)~");
+  EXPECT_EQ(pointLines(kTagPolyline, 2), R"~(   <polyline points="0.0,0.5 1.0,1.5 " />)~");
   EXPECT_EQ(pointLines(kTagPolygon, 7),
-            R"(   <polygon points="0.00,0.50 1.00,1.50 2.00,2.50 3.00,3.50 4.00,4.50 |)"
-            R"(    5.000,5.500 6.000,6.500 " />)");
-  EXPECT_EQ(pointLines(kTagPolygon, 0), R"(   <polygon points="" />)");
+            R"~(   <polygon points="0.00,0.50 1.00,1.50 2.00,2.50 3.00,3.50 4.00,4.50 |)~"
+            R"~(    5.000,5.500 6.000,6.500 " />)~");
+  EXPECT_EQ(pointLines(kTagPolygon, 0), R"~(   <polygon points="" />)~");
 }
 
 TEST(ElementLines, NoPointArrayNoLine) {
@@ -268,17 +268,17 @@ TEST(ElementLines, PathSegments) {
   closed.add(kPathMoveAbs, {1, 2});
   closed.add(kPathLineAbs, {3, 4});
   closed.add(kPathClose, {});
-  EXPECT_EQ(closed.written(), R"(   <path d="M1.00,2.00 L3.00,4.00 Z "  />)");
+  EXPECT_EQ(closed.written(), R"~(   <path d="M1.00,2.00 L3.00,4.00 Z "  />)~");
 
   Segments arc;
   arc.add(kPathMoveAbs, {0, 0});
   arc.add(kPathArcRel, {1, -1, 0.5, 0.25, 30}, 1, 0);
   EXPECT_EQ(arc.written(),
-            R"(   <path d="M0.00,0.00 a0.500000,0.250000 30.0000 1,0 1.000000,-1.000000 "  />)");
+            R"~(   <path d="M0.00,0.00 a0.500000,0.250000 30.0000 1,0 1.000000,-1.000000 "  />)~");
 
   Segments silent;
   for (std::int32_t command : {4, 6, 9, 13, 17, 19}) silent.add(command, {1, 2, 3, 4});
-  EXPECT_EQ(silent.written(), R"(   <path d=""  />)");
+  EXPECT_EQ(silent.written(), R"~(   <path d=""  />)~");
 }
 
 TEST(ElementLines, PathLinesBreakBeforeASegment) {
@@ -305,7 +305,7 @@ TEST(ElementLines, Image) {
   image.height.value = 4.9;
   WriterHarness harness;
   EXPECT_EQ(harness.write(kTagImage, image), 0);
-  EXPECT_EQ(harness.text(), R"(   <image xlink:href="a.tif" x="1" y="2" width="3" height="4"/>)");
+  EXPECT_EQ(harness.text(), R"~(   <image xlink:href="a.tif" x="1" y="2" width="3" height="4"/>)~");
 }
 
 TEST(ElementLines, Text) {

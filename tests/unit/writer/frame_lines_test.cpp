@@ -13,7 +13,7 @@ namespace {
 using test::WriterHarness;
 
 constexpr const char* kDoctype =
-    R"(<!DOCTYPE svg PUBLIC "-//W3C//DTD SVG 1.1//EN" "http://www.w3.org/Graphics/SVG/1.1/DTD/svg11.dtd" [)";
+    R"~(<!DOCTYPE svg PUBLIC "-//W3C//DTD SVG 1.1//EN" "http://www.w3.org/Graphics/SVG/1.1/DTD/svg11.dtd" [)~";
 
 TEST(FrameLines, HeaderHasACommentWhenThereIsOne) {
   for (const char* comment : {"", "User agent resolution:96 dpi"}) {
@@ -22,7 +22,7 @@ TEST(FrameLines, HeaderHasACommentWhenThereIsOne) {
     WriterHarness harness;
     EXPECT_EQ(harness.write(1, record), 0);
     ASSERT_EQ(harness.lines.size(), *comment == '\0' ? 3U : 4U);
-    EXPECT_EQ(harness.lines.front(), R"(<?xml version="1.0" standalone="no"?>)");
+    EXPECT_EQ(harness.lines.front(), R"~(<?xml version="1.0" standalone="no"?>)~");
     const std::string& notice = harness.lines[1];
     EXPECT_EQ(notice.substr(0, 5), "<!-- ");
     EXPECT_EQ(notice.substr(notice.size() - 4), " -->");
@@ -40,7 +40,7 @@ TEST(FrameLines, FixedLines) {
     std::int32_t type;
     const char* expected;
   };
-  const FixedRow rows[] = {{4, R"(       <style type="text/css"><![CDATA[ )"},
+  const FixedRow rows[] = {{4, R"~(       <style type="text/css"><![CDATA[ )~"},
                            {15, "   <defs>"},
                            {1000, "</svg>"},
                            {1001, "  </g>"},
@@ -91,10 +91,10 @@ std::string svgLine(std::int32_t widthUnit, bool box) {
 }
 
 TEST(FrameLines, SvgHasThreeForms) {
-  EXPECT_EQ(svgLine(kUnitPixel, false), R"(<svg x="1" y="2" width="300" height="400">)");
+  EXPECT_EQ(svgLine(kUnitPixel, false), R"~(<svg x="1" y="2" width="300" height="400">)~");
   EXPECT_EQ(svgLine(kUnitPixel, true),
-            R"(<svg x="1" y="2" width="300" height="400" viewBox="1 2 30 40">)");
-  EXPECT_EQ(svgLine(kUnitPercent, true), R"(<svg  viewBox="1 2 30 40">)");
+            R"~(<svg x="1" y="2" width="300" height="400" viewBox="1 2 30 40">)~");
+  EXPECT_EQ(svgLine(kUnitPercent, true), R"~(<svg  viewBox="1 2 30 40">)~");
 }
 
 TEST(FrameLines, TheOutermostSvgCarriesNamespacesWhenAsked) {
@@ -109,9 +109,9 @@ TEST(FrameLines, TheOutermostSvgCarriesNamespacesWhenAsked) {
   EXPECT_EQ(harness.write(kTagEndSvg), 0);
   EXPECT_EQ(harness.write(kTagSvg, record), 0);
   const std::string outer =
-      R"(<svg xmlns="http://www.w3.org/2000/svg" xmlns:xlink="http://www.w3.org/1999/xlink")"
-      R"( x="0" y="0" width="5" height="5">)";
-  EXPECT_EQ(harness.text(), outer + R"(|<svg x="0" y="0" width="5" height="5">|</svg>|</svg>|)" +
+      R"~(<svg xmlns="http://www.w3.org/2000/svg" xmlns:xlink="http://www.w3.org/1999/xlink")~"
+      R"~( x="0" y="0" width="5" height="5">)~";
+  EXPECT_EQ(harness.text(), outer + R"~(|<svg x="0" y="0" width="5" height="5">|</svg>|</svg>|)~" +
                                 outer);
 }
 
@@ -130,7 +130,7 @@ TEST(FrameLines, EntitiesAndRules) {
   entity.pa.stroke.strokeLinecap = 2;
   WriterHarness first;
   EXPECT_EQ(first.write(17, entity), 0);
-  EXPECT_EQ(first.text(), R"(   <!ENTITY st9 "fill:#000010; stroke-linejoin:round" >)");
+  EXPECT_EQ(first.text(), R"~(   <!ENTITY st9 "fill:#000010; stroke-linejoin:round" >)~");
 
   _svg_style_props rule = styleNamed("stl9");
   rule.pa.fill.fillOpacity = 0.0;
@@ -145,14 +145,14 @@ TEST(FrameLines, EntitiesAndRules) {
   stroke.pa.stroke.packedColor = 0xff;
   WriterHarness third;
   EXPECT_EQ(third.write(17, stroke), 0);
-  EXPECT_EQ(third.text(), R"(   <!ENTITY st1 "stroke:#0000ff" >)");
+  EXPECT_EQ(third.text(), R"~(   <!ENTITY st1 "stroke:#0000ff" >)~");
 
   _svg_style_props width = styleNamed("st2");
   width.pa.fill.packedColor = width.pa.stroke.packedColor = -1;
   width.pa.stroke.strokeWidth.value = 2.0;
   WriterHarness fourth;
   EXPECT_EQ(fourth.write(17, width), 0);
-  EXPECT_EQ(fourth.text(), R"(   <!ENTITY st2 "; stroke-width:2.000000" >)");
+  EXPECT_EQ(fourth.text(), R"~(   <!ENTITY st2 "; stroke-width:2.000000" >)~");
 }
 
 TEST(FrameLines, StyleListsEveryProperty) {
@@ -197,9 +197,9 @@ TEST(FrameLines, Gradients) {
   WriterHarness linear;
   EXPECT_EQ(linear.write(29, gradient), 0);
   EXPECT_EQ(linear.text(),
-            R"(       <linearGradient id="grad1" gradientUnits="userSpaceOnUse" x1="0.0%" y1="0.0%" x2="100.0%" y2="0.0%" >|)"
-            R"(          <stop offset="49%" stop-color="rgb(1,2,3)" />|)"
-            R"(       </linearGradient>)");
+            R"~(       <linearGradient id="grad1" gradientUnits="userSpaceOnUse" x1="0.0%" y1="0.0%" x2="100.0%" y2="0.0%" >|)~"
+            R"~(          <stop offset="49%" stop-color="rgb(1,2,3)" />|)~"
+            R"~(       </linearGradient>)~");
 
   initRadialGrad(&gradient);
   gradient.head.type = kTagRadialGradient;
@@ -214,11 +214,11 @@ TEST(FrameLines, Gradients) {
   WriterHarness radial;
   EXPECT_EQ(radial.write(29, gradient), 0);
   EXPECT_EQ(radial.text(),
-            R"(       <radialGradient id="grad1" gradientUnits="userSpaceOnUse" fx="30.0" fy="40.0" cx="50.0%" cy="50.0%" r="50.0%" )"
-            R"(spreadMethod="reflect" gradientTransform="matrix(1.0000,0.0000,0.0000,-1.0000,2.5000,3.0000)" >|)"
-            R"(          <stop offset="49%" stop-color="rgb(1,2,3)" />|)"
-            R"(          <stop offset="100%" stop-color="rgb(255,0,0)" stop-opacity="0.00" />|)"
-            R"(       </radialGradient>)");
+            R"~(       <radialGradient id="grad1" gradientUnits="userSpaceOnUse" fx="30.0" fy="40.0" cx="50.0%" cy="50.0%" r="50.0%" )~"
+            R"~(spreadMethod="reflect" gradientTransform="matrix(1.0000,0.0000,0.0000,-1.0000,2.5000,3.0000)" >|)~"
+            R"~(          <stop offset="49%" stop-color="rgb(1,2,3)" />|)~"
+            R"~(          <stop offset="100%" stop-color="rgb(255,0,0)" stop-opacity="0.00" />|)~"
+            R"~(       </radialGradient>)~");
 }
 
 TEST(FrameLines, LinksWriteSevenKindsOfChildren) {
@@ -237,8 +237,8 @@ TEST(FrameLines, LinksWriteSevenKindsOfChildren) {
   WriterHarness harness;
   EXPECT_EQ(harness.write(kTagLink, link), 0);
   EXPECT_EQ(harness.text(),
-            R"(  <a xlink:href="u">|      <![CDATA[t]]>|)"
-            R"(   <circle cx="0.000"  cy="0.000" r="0.000"  />|  </a>)");
+            R"~(  <a xlink:href="u">|      <![CDATA[t]]>|)~"
+            R"~(   <circle cx="0.000"  cy="0.000" r="0.000"  />|  </a>)~");
 }
 
 TEST(FrameLines, GroupsWithAndWithoutAClass) {
@@ -253,7 +253,7 @@ TEST(FrameLines, GroupsWithAndWithoutAClass) {
   group.head.classCount = 1;
   WriterHarness named;
   EXPECT_EQ(named.write(kTagGroup, group), 0);
-  EXPECT_EQ(named.text(), R"(  <g class="QV7.5_Anno"   >)");
+  EXPECT_EQ(named.text(), R"~(  <g class="QV7.5_Anno"   >)~");
 }
 
 TEST(FrameLines, ScriptIsAFixedFunction) {
@@ -262,7 +262,7 @@ TEST(FrameLines, ScriptIsAFixedFunction) {
   WriterHarness harness;
   EXPECT_EQ(harness.write(39, script), 0);
   ASSERT_EQ(harness.lines.size(), 7U);
-  EXPECT_EQ(harness.lines[0], R"(<script type="text/ecmascript" > <![CDATA[ )");
+  EXPECT_EQ(harness.lines[0], R"~(<script type="text/ecmascript" > <![CDATA[ )~");
   EXPECT_EQ(harness.lines[6],
             "  elementToShow1.setAttribute('visibility', '' + visibilityValue1);\n}");
 }
