@@ -4,12 +4,15 @@
 
 #include "adapter_reader/owners.h"
 #include "adapter_reader/path_walk.h"
+#include "adapter_reader/point_arrays.h"
+#include "adapter_reader/shape_paint.h"
 #include "adapter_reader/svg_adapterreader.h"
 #include "host/egf_bits.h"
 #include "host/egf_templates.h"
 #include "host/memory.h"
 #include "model/codes.h"
 #include "model/numbers.h"
+#include "model/rmm_allocator.h"
 
 namespace egfsvg {
 namespace {
@@ -38,6 +41,8 @@ class FlatPathBuilder final : public PathSink {
 
   _mpl_spacept_tag* points() { return points_; }
   unsigned int count() const { return count_; }
+  /// The box of the points in pixels, grown by a margin in pixels.
+  _mpl_spacerect_tag bounds(double margin) const;
   /// Hands the points to the polygon.
   void finish() {
     polygon_->points = PointArray::of(points_);
@@ -107,11 +112,40 @@ bool FlatPathBuilder::endSubPath(const _svg_singlepath& subPath) {
   return true;
 }
 
+_mpl_spacerect_tag FlatPathBuilder::bounds(double margin) const {
+  if (count_ == 0) return {};
+  _mpl_spacerect_tag box{points_[0].x, points_[0].x, points_[0].y, points_[0].y};
+  adapter_.svg_UpdateObjBoundingBox(box, points_, static_cast<int>(count_));
+  const auto side = [](float edge, double by) {
+    return static_cast<float>(static_cast<double>(edge) / kSpaceUnits + by);
+  };
+  return {side(box.left, -margin), side(box.right, margin), side(box.top, -margin),
+          side(box.bottom, margin)};
+}
+
 bool makeSizeTable(EgfPolygon* polygon, std::int32_t subPaths) {
   if (subPaths <= 1) return true;
   auto* sizes = allocateArray<std::uint16_t>(static_cast<std::size_t>(subPaths), RMM_SITE);
   polygon->subPathSizes = ref32<std::uint16_t>::of(sizes);
   return sizes != nullptr;
+}
+
+/// As any filled shape, but a miter limit is kept only for a solid pen.
+bool finishFlat(CAdapterReader& adapter, _egf_obj* object, const _mpl_spacerect_tag& bounds,
+                _viewPortMap* map, _svg_path& element) {
+  auto* polygon = as<EgfPolygon>(object);
+  FilledPen& pen = filledPen(polygon->pen);
+  pen.modeFlags =
+      FillRuleBits::with(FigureBits::with(pen.modeFlags, kFigureClosed),
+                         static_cast<unsigned>(adapter.castFillMode(element.fill.fillRule)));
+  polygon->pen.scaleFactor = 1.0;
+  FilledPaint paint(adapter, element.fill, element.stroke, element.graphics);
+  paint.setPen(pen, shapeNeedsRecord);
+  if (!paint.setGradient(kPolygonForm, map, bounds, object)) return false;
+  paint.setFillStyle(pen);
+  paint.setJoin(pen, pen.lineStyle == kLineSolid);
+  paint.storeStyles(kPolygonForm, object);
+  return true;
 }
 
 }  // namespace
@@ -133,13 +167,15 @@ _egf_obj* CAdapterReader::SVG_formatEGFPath(_svg_path* element) {
     logOutOfMemory(RMM_SITE);
     return nullptr;
   }
-  _mpl_spacerect_tag bounds = lineBounds(builder.points(), builder.count(), element->stroke);
-  MapOwner map(*this, _findMapMatrix(&element->head, nullptr, nullptr));
-  if (map) {
+  const _mpl_spacerect_tag bounds = builder.bounds(penWidth(*this, element->stroke.strokeWidth));
+  MapOwner pathMap(*this, _findMapMatrix(&element->head, nullptr, nullptr));
+  if (pathMap) {
     for (unsigned int i = 0; i < builder.count(); ++i) {
-      _transformPoint(&builder.points()[i], map.get());
+      _transformPoint(&builder.points()[i], pathMap.get());
     }
   }
   builder.finish();
-  return finishFlatPolygon(object, bounds, map.get(), *element);
+  if (!finishFlat(*this, object.get(), bounds, pathMap.get(), *element)) return nullptr;
+  EGF_CalcPolygonMer(object.get(), this->map);
+  return object.release();
 }

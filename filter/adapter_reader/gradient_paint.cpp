@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "adapter_reader/owners.h"
+#include "adapter_reader/style_slots.h"
 #include "adapter_reader/svg_adapterreader.h"
 #include "geometry/angles.h"
 #include "host/egf_bits.h"
@@ -22,14 +23,7 @@ constexpr std::uint32_t kAngleSet = 1;
 using GradientRecord = _egf_gdiplus_gradientparms_tag;
 using GradientOwner = RmmOwner<GradientRecord>;
 
-// The two forms of the extended record.
-const _egf_gdiplus_fillparms_tag& templateOf(const _egf_gdiplus_fillparms_tag*) {
-  return kFillParms;
-}
-const _egf_gdiplus_stroke_parms_tag& templateOf(const _egf_gdiplus_stroke_parms_tag*) {
-  return kStrokeParms;
-}
-
+// What marks a radial gradient in each form of the extended record.
 void markRadial(_egf_gdiplus_fillparms_tag* parms) {
   parms->wrapMode = _egf_wrapmode_tag::kRadial;
   parms->gradientKind = PathGradientBits::with(GradientShapeBits::with(parms->gradientKind, 0), 1);
@@ -49,19 +43,6 @@ void storePoints(Object* object, _mpl_spacept_tag* points, unsigned int count) {
   RMM_Free(object->gradPts.get());
   object->gradPts = PointArray::of(points);
   object->gradPtCount = static_cast<std::uint16_t>(std::min(count, kMost));
-}
-
-template <class Parms>
-bool ensureParms(Parms** parms) {
-  if (*parms == nullptr) {
-    *parms = allocateRecord<Parms>(RMM_SITE);
-    if (*parms == nullptr) {
-      logOutOfMemory(RMM_SITE);
-      return false;
-    }
-    **parms = templateOf(*parms);
-  }
-  return true;
 }
 
 /// What one call works on.
@@ -139,7 +120,7 @@ int setGradient(CAdapterReader& adapter, _viewPortMap* map, const _mpl_spacerect
     return -1;
   }
   *record = kGradientParms;
-  if (!ensureParms(parms)) return -1;
+  if (openSlot(parms) == nullptr) return -1;
   const GradientJob<Object, Parms> job{adapter, map,          bounds,  as<Object>(object),
                                        *parms,  record.get(), gradient};
   if (gradient->head.type == kTagRadialGradient && !job.radial()) return -1;

@@ -86,7 +86,7 @@ constexpr ElementRow shapeRow(std::int32_t tag) {
 
 constexpr ElementRow kElementRows[] = {
     shapeRow<_svg_rect, &CAdapterReader::SVG_formatEGFRect>(kTagRect),
-    {kTagPath, attach, graphicsOf<_svg_path>, nullptr},
+    shapeRow<_svg_path, &CAdapterReader::SVG_formatGDIPlusPath>(kTagPath),
     {kTagGroup, container<openGroup>, nullptr, nullptr},
     {kTagEndGroup, container<closeContainer>, nullptr, nullptr},
     shapeRow<_svg_circle, &CAdapterReader::SVG_formatEGFCircle>(kTagCircle),

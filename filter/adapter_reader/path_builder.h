@@ -7,10 +7,6 @@
 
 namespace egfsvg {
 
-/// `pathKind` of a path object: whether its figure is closed.
-inline constexpr std::uint32_t kPathKindOpen = 0;
-inline constexpr std::uint32_t kPathKindClosed = 1;
-
 class BezierPathBuilder final : public PathSink {
  public:
   /// `map` may be null: nothing is mapped then. With `several`, each sub-path gets an object.

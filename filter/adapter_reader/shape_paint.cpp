@@ -7,19 +7,23 @@ namespace egfsvg {
 
 const FilledForm kPolygonForm{offsetof(EgfPolygon, fillParmsNo),
                               offsetof(EgfPolygon, fillGradientNo),
-                              offsetof(EgfPolygon, strokeGradientNo), nullptr};
+                              offsetof(EgfPolygon, strokeGradientNo),
+                              &CAdapterReader::SetPgonGradientParms};
 /// Kept: the number of a stroke's gradient is not stored here.
 const FilledForm kShearedForm{offsetof(EgfPolygon, fillParmsNo),
-                              offsetof(EgfPolygon, fillGradientNo), kNotKept, nullptr};
+                              offsetof(EgfPolygon, fillGradientNo), kNotKept,
+                              &CAdapterReader::SetPgonGradientParms};
 const FilledForm kEllipseForm{offsetof(EgfEllipse, fillParmsNo),
                               offsetof(EgfEllipse, fillGradientNo),
-                              offsetof(EgfEllipse, strokeGradientNo), nullptr};
+                              offsetof(EgfEllipse, strokeGradientNo),
+                              &CAdapterReader::SetElipsGradientParms};
 const FilledForm kPathForm{offsetof(EgfPath, fillParmsNo), offsetof(EgfPath, fillGradientNo),
-                           offsetof(EgfPath, strokeGradientNo), nullptr};
+                           offsetof(EgfPath, strokeGradientNo), &CAdapterReader::SetPathGradientParms};
 const StrokedForm kLineForm{offsetof(EgfLine, strokeParmsNo), offsetof(EgfLine, strokeGradientNo),
-                            lineAlpha, nullptr};
+                            lineAlpha, &CAdapterReader::SetLineGradientParms};
 const StrokedForm kPolylineForm{offsetof(EgfPolyline, strokeParmsNo),
-                                offsetof(EgfPolyline, strokeGradientNo), polylineAlpha, nullptr};
+                                offsetof(EgfPolyline, strokeGradientNo), polylineAlpha,
+                                &CAdapterReader::SetPlineGradientParms};
 
 namespace {
 
@@ -29,13 +33,11 @@ void storeNumber(CAdapterReader& adapter, _egf_obj* object, std::size_t place, c
   if (place != kNotKept) writePacked(object, place, number);
 }
 
-/// Runs a form's setter; a form without one goes on without a gradient.
 template <class Parms>
 bool runSetter(CAdapterReader& adapter, GradientSetter<Parms> setter, _viewPortMap* map,
                const _mpl_spacerect_tag& bounds, _egf_obj* object, StyleSlot<Parms>& parms,
                GradientSlot& ramp, _svg_gradient* gradient) {
-  return setter == nullptr ||
-         (adapter.*setter)(map, bounds, object, parms.address(), ramp.address(), gradient) == 0;
+  return (adapter.*setter)(map, bounds, object, parms.address(), ramp.address(), gradient) == 0;
 }
 
 }  // namespace
@@ -64,9 +66,9 @@ void FilledPaint::setFillStyle(FilledPen& pen) {
   if (parms_) parms_.get()->strokeFillStyle = static_cast<std::uint32_t>(strokeCode_);
 }
 
-void FilledPaint::setJoin(FilledPen& pen) {
+void FilledPaint::setJoin(FilledPen& pen, bool withLimit) {
   pen.joinStyle = static_cast<std::uint8_t>(adapter_.castJoinStyle(stroke_));
-  if (pen.joinStyle != kJoinRound) joinStyleTo(parms_, stroke_);
+  if (withLimit && pen.joinStyle != kJoinRound) joinStyleTo(parms_, stroke_);
 }
 
 void FilledPaint::setCaps() { capStyleTo(parms_, adapter_.castLineCap(stroke_.strokeLinecap)); }

@@ -38,7 +38,8 @@ class FilledPaint {
                    _egf_obj* object);
   /// The fill's code, and the stroke's in the extended record, if there is one.
   void setFillStyle(FilledPen& pen);
-  void setJoin(FilledPen& pen);
+  /// The join, and in the extended record its limit.
+  void setJoin(FilledPen& pen, bool withLimit = true);
   void setCaps();
   /// Offers the records in use and stores their numbers.
   void storeStyles(const FilledForm& form, _egf_obj* object);

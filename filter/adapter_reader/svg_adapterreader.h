@@ -145,13 +145,11 @@ class CAdapterReader {
   int ArcEndpointToCenter(_svg_path_data* d, double x, double y, _mpl_spacept_tag* center,
                           double* rx, double* ry, double* startAngle, double* endAngle,
                           int relative);
-  int ArcToBezierCurve(double rotation, _mpl_spacept_tag center, double startDeg, double endDeg,
-                       double rx, double ry, int reverse, int large, _mpl_spacept_tag*& points,
-                       int* count);
   int _attachPlineToPath(_mpl_spacept_tag* points, unsigned int* count, _egf_obj* path);
   void _checkBezierCntrlPts(_mpl_spacept_tag* points);
   void _scaleEllipseArc(double* startDeg, double* endDeg, double* rx, double* ry, double scaleX,
                         double scaleY);
+
   // Gradients (gradient_*.cpp).
 #include "adapter_reader/gradient_members.inc"
 };

@@ -41,7 +41,7 @@ bool BezierPathBuilder::beginSubPath(const _svg_singlepath& subPath) {
 bool BezierPathBuilder::endSubPath(const _svg_singlepath&) {
   if (!attachRun()) return false;
   EgfPath* path = as<EgfPath>(target_);
-  path->pathKind = hasClose_ ? kPathKindClosed : kPathKindOpen;
+  path->pathKind = hasClose_ ? kPathClosedFigure : 0U;
   if (!several_ || !path->firstChild) return true;
   return EEL_AppendObject(outer_.get(), sub_.release()) == 0;
 }
