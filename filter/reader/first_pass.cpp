@@ -37,6 +37,14 @@ constexpr TagRow<FirstPassWork> kFirstPassRows[] = {
     {kTagUse,
      [](CHandlerReader& reader, int tag, _svg_style_props&) { reader.CreateLocalRefTable(tag); }},
     {kTagComment, [](CHandlerReader& reader, int, _svg_style_props&) { reader.FindCommentEnd(); }},
+    {kTagLinearGradient,
+     [](CHandlerReader& reader, int tag, _svg_style_props&) {
+       reader.ParseGradients(nullptr, tag);
+     }},
+    {kTagRadialGradient,
+     [](CHandlerReader& reader, int tag, _svg_style_props&) {
+       reader.ParseGradients(nullptr, tag);
+     }},
 };
 constexpr TagTable<FirstPassWork> kFirstPassWorks(kFirstPassRows);
 

@@ -84,8 +84,10 @@ TEST(EllipticArc, MeetsItsEndsInTheRightDirection) {
     ASSERT_NEAR(y1, ends.y1, 2e-4) << i;
     ASSERT_NEAR(x2, ends.x2, 2e-4) << i;
     ASSERT_NEAR(y2, ends.y2, 2e-4) << i;
-    if (arc.end - arc.start > 180.01) ASSERT_TRUE(ends.largeArc) << i;
-    if (arc.end - arc.start < 179.99 && arc.end - arc.start > 1.0) ASSERT_FALSE(ends.largeArc) << i;
+    if (arc.end - arc.start > 180.01) { ASSERT_TRUE(ends.largeArc) << i; }
+    if (arc.end - arc.start < 179.99 && arc.end - arc.start > 1.0) {
+      ASSERT_FALSE(ends.largeArc) << i;
+    }
   }
 }
 
