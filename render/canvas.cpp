@@ -42,13 +42,17 @@ void Canvas::setPen(const StrokePaint& stroke) {
 }
 
 void PaintingCanvas::fill(const FillPaint& fill) {
-  const Pattern pattern = patternOf(fill.paint, placement());
+  Box area;
+  if (fill.paint.gradient) addExtents(area, context(), cairo_fill_extents);
+  const Pattern pattern = patternOf(fill.paint, placement(), area);
   cairo_set_source(context(), pattern.get());
   cairo_fill_preserve(context());
 }
 
 void PaintingCanvas::stroke(const StrokePaint& stroke) {
-  const Pattern pattern = patternOf(stroke.paint, placement());
+  Box area;
+  if (stroke.paint.gradient) addExtents(area, context(), cairo_stroke_extents);
+  const Pattern pattern = patternOf(stroke.paint, placement(), area);
   cairo_set_source(context(), pattern.get());
   cairo_stroke_preserve(context());
 }

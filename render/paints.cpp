@@ -98,8 +98,6 @@ Fill shapeFill(const Page& page, const ShapePen& pen, const Extended& extended,
   if (extended) alpha = extended->fillAlpha / kFullAlpha;
   FillPaint fill;
   if (isGradient(pen.fillStyle)) {
-    // The stops carry the opacity.
-    alpha = 1.0;
     fill.paint.gradient = gradientOf(page, gradients.fill, gradients.points, gradients.pointCount);
     if (fill.paint.gradient && extended) {
       describeGradient(*fill.paint.gradient, *extended, isRadial(*extended));

@@ -7,7 +7,8 @@
 
 namespace egfrender {
 
-// Never null. A gradient paints with the paint's colour, which is its last stop's.
-Pattern patternOf(const Paint& paint, const Placement& placement);
+// Never null. `area` is what will be painted, in device pixels. A gradient without extent paints
+// with the paint's colour, which is its last stop's.
+Pattern patternOf(const Paint& paint, const Placement& placement, const Box& area);
 
 }  // namespace egfrender
