@@ -8,6 +8,7 @@
 #include "adapter_reader/svg_adapterreader.h"
 #include "embedded_host/host_trees.h"
 #include "frame/svghinterface.h"
+#include "host/egf_bits.h"
 #include "host/objects.h"
 #include "host/style_tables.h"
 
