@@ -57,15 +57,11 @@ void countLive(std::uint64_t bytes, std::uint64_t blocks) {
   if (counters.liveBlocks > counters.peakBlocks) counters.peakBlocks = counters.liveBlocks;
 }
 
-EGFHOST_SEES_POISON void* fillHeader(BlockHeader* header, std::size_t size, const char* file,
-                                     int line) {
+EGFHOST_SEES_POISON void setSite(BlockHeader* header, std::size_t size, const char* file,
+                                 int line) {
   header->file = file;
   header->size = static_cast<std::uint32_t>(size);
   header->line = static_cast<std::uint16_t>(std::min<unsigned>(line, kMaxSiteLine));
-  header->state = BlockState::kLive;
-  void* const block = payloadOf(header);
-  unpoison(block, size);
-  return block;
 }
 
 EGFHOST_SEES_POISON std::size_t sizeOf(const BlockHeader* header) { return header->size; }
@@ -73,7 +69,11 @@ EGFHOST_SEES_POISON std::size_t sizeOf(const BlockHeader* header) { return heade
 // A place with room for `room` bytes for a payload of `size`.
 void* place(std::size_t room, std::size_t size, const char* file, int line) {
   BlockHeader* const header = takeBlock(room);
-  return header == nullptr ? nullptr : fillHeader(header, size, file, line);
+  if (header == nullptr) return nullptr;
+  setSite(header, size, file, line);
+  setState(header, BlockState::kLive);
+  unpoison(payloadOf(header), size);
+  return payloadOf(header);
 }
 
 inline bool product(std::size_t count, std::size_t size, std::size_t& bytes) {
@@ -95,7 +95,8 @@ void* allocate(std::size_t count, std::size_t size, const char* file, int line) 
 
 void reportBadBlock(const void* block) {
   ++state.counters.badFrees;
-  if (!kPoisoning) return;
+  // One place is enough to start from.
+  if (!kPoisoning || state.counters.badFrees > 1) return;
   std::fprintf(stderr, "egfhost: %p is no live block\n", block);
   printCallers();
 }
@@ -122,15 +123,20 @@ void release(BlockHeader* header) {
   retire(header, size);
 }
 
+// Moves the end of what may be touched; only the part between the two ends is marked anew.
+void movePoison(void* block, std::size_t before, std::size_t after) {
+  if (!kPoisoning) return;
+  const std::size_t from = std::min(before, after) & ~kPoisonGrainMask;
+  char* const begin = static_cast<char*>(block) + from;
+  if (after < before) poison(begin, before - from);
+  unpoison(begin, after - from);
+}
+
 // The same place, another size.
-EGFHOST_SEES_POISON void* resizeInPlace(BlockHeader* header, std::size_t bytes, const char* file,
-                                        int line) {
-  const BlockState owner = header->state;
-  void* const block = payloadOf(header);
-  poison(block, header->size);
-  fillHeader(header, bytes, file, line);
-  header->state = owner;
-  return block;
+void* resizeInPlace(BlockHeader* header, std::size_t bytes, const char* file, int line) {
+  movePoison(payloadOf(header), sizeOf(header), bytes);
+  setSite(header, bytes, file, line);
+  return payloadOf(header);
 }
 
 // Another place: the old contents go along, the old place is given back.

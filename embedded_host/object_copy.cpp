@@ -1,7 +1,7 @@
 #include <cstring>
 
-#include "embedded_host/object_tree.h"
 #include "embedded_host/host_rasters.h"
+#include "embedded_host/object_tree.h"
 #include "host/memory.h"
 #include "host/palettes.h"
 

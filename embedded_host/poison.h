@@ -22,6 +22,9 @@
 
 namespace egfhost {
 
+// Poison is kept for grains of 8 bytes, of which the first few may be good.
+inline constexpr std::size_t kPoisonGrainMask = 7;
+
 #ifdef EGFHOST_ASAN
 inline constexpr bool kPoisoning = true;
 inline void poison(const void* at, std::size_t size) { ASAN_POISON_MEMORY_REGION(at, size); }

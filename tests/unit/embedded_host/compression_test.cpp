@@ -103,7 +103,7 @@ TEST_F(CompressionTest, ABombStopsAtTheCap) {
   const std::string zeros = folder.write("zeros", "");
   const std::string packed = folder.file("packed");
   setLargestInflated(kCap);
-  for (const std::uintmax_t size : {kCap, kCap + 1, 100 * kCap}) {
+  for (const std::uintmax_t size : {kCap, kCap + 1, 8 * kCap}) {
     std::filesystem::resize_file(zeros, size);
     ASSERT_EQ(0, ZLIB_CompressFile(zeros.c_str(), packed.c_str()));
     const bool fits = size <= kCap;

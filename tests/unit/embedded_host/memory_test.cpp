@@ -8,6 +8,10 @@
 
 #include "tests/unit/embedded_host/host_fixture.h"
 
+#ifdef EGFSVG_SANITIZED
+#include <sanitizer/asan_interface.h>
+#endif
+
 namespace egfhost {
 namespace {
 
@@ -102,6 +106,21 @@ TEST_F(MemoryTest, GrowingByOneMovesSeldom) {
   EXPECT_LE(moves, 36);
   RMM_Free(block);
 }
+
+#ifdef EGFSVG_SANITIZED
+// In sanitizer builds what lies outside a block's size cannot be touched, whatever room it has.
+TEST_F(MemoryTest, BytesOutsideABlockArePoisoned) {
+  auto* block = static_cast<char*>(RMM_AllocName(1, 20, RMM_SITE));
+  for (const std::size_t size : {20u, 21u, 30u, 25u, 24u, 3u, 100u, 90u, 5000u, 4999u, 0u, 17u}) {
+    block = static_cast<char*>(RMM_ReAllocName(block, 1, size, RMM_SITE));
+    EXPECT_TRUE(__asan_address_is_poisoned(block - 1)) << size;
+    EXPECT_TRUE(__asan_address_is_poisoned(block + size)) << size;
+    EXPECT_EQ(nullptr, __asan_region_is_poisoned(block, size)) << size;
+  }
+  RMM_Free(block);
+  EXPECT_TRUE(__asan_address_is_poisoned(block));
+}
+#endif
 
 TEST_F(MemoryTest, AShrunkBlockGivesItsRoomBack) {
   resetMemoryPeak();
