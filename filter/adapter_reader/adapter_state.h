@@ -21,7 +21,6 @@ struct MapBlock {
 };
 
 struct AdapterState {
-  bool pageOpen = false;
   double resolution = 0.0;  // of the page's map, in pixels per inch; 0 outside a page
   MapBlock mapBlock;
   TransformCache transforms;

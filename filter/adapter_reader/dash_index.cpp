@@ -62,10 +62,4 @@ bool DashIndex::add(std::span<const double> segments) {
   return true;
 }
 
-void DashIndex::dropLast() {
-  const Entry& last = entries_.back();
-  heads_[bucketOf(last.cell)] = last.next;
-  entries_.cutTo(entries_.count() - 1);
-}
-
 }  // namespace egfsvg

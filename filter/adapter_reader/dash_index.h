@@ -19,9 +19,6 @@ class DashIndex {
   /// Enters the pattern of the next table position. False when memory ran out.
   bool add(std::span<const double> segments);
 
-  /// Takes the last entered pattern out again.
-  void dropLast();
-
   /// Calls `agrees` with each table position whose pattern may equal this one, and gives the lowest
   /// one that it accepts, or -1.
   template <class Agrees>

@@ -157,16 +157,11 @@ int CAdapterReader::CreateDashTableEntry(_svg_value, _svg_value* dashes, int cou
   }
   RmmOwner<_egf_dash_record> record = makeRecord(pattern, dashNameCounter);
   auto* header = reinterpret_cast<EgfPageHeader*>(pageHeader);
-  if (!record || header == nullptr || !enterRecord(*this, record.get(), pattern)) {
-    logOutOfMemory(RMM_SITE);
-    return -1;
-  }
-  if (EGF_AppendDashRecord(header, record.get()) != 0) {
-    --dashCount;
-    state.dashes.dropLast();
-    return -1;
-  }
+  if (!record) logOutOfMemory(RMM_SITE);
+  if (!record || header == nullptr || EGF_AppendDashRecord(header, record.get()) != 0) return -1;
   ++dashNameCounter;
+  // A record that finds no place in the table is in the document all the same.
+  if (!enterRecord(*this, record.get(), pattern)) logOutOfMemory(RMM_SITE);
   *out = record.release()->number;
   return 0;
 }

@@ -17,8 +17,10 @@ void enterContainer(CAdapterReader& adapter, HostHandle container) {
 
 }  // namespace
 
-/// A page that was broken off may have left its groups open.
-PageScope::PageScope(CAdapterReader& adapter, const _adapterReadData& record) : adapter_(adapter) {
+/// A page that was broken off may have left its groups open. When a host call throws, what was set
+/// up so far is taken back.
+PageScope::PageScope(CAdapterReader& adapter, const _adapterReadData& record)
+    : PageScope(adapter) {
   openGroups = {};
   releaseGroupStack(adapter);
   adapter.viewportWidth = 0.0F;

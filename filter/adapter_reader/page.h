@@ -24,6 +24,8 @@ class PageScope {
   PageScope& operator=(const PageScope&) = delete;
 
  private:
+  explicit PageScope(CAdapterReader& adapter) : adapter_(adapter) {}
+
   CAdapterReader& adapter_;
 };
 
