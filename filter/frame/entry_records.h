@@ -12,6 +12,17 @@ namespace egfsvg {
 inline constexpr int kRecordTextSize = 600;
 inline constexpr int kQueryWords = 259;
 
+/// Record types of the serialiser beyond the tag codes of elements.
+enum WriteType : std::int32_t {
+  kWriteHeader = 1,  // an _objectStream
+  kWriteEnd = 2,     // writes nothing
+  kWriteGradient = 29,
+  kWriteRule = 37,  // of the style sheet
+  kWriteScript = 39,
+  kWriteEndDoctype = 1017,
+  kWriteEndScript = 1018,
+};
+
 }  // namespace egfsvg
 
 struct _handlerObject;
@@ -104,6 +115,12 @@ struct _adapterWriteData {
   char comment[egfsvg::kRecordTextSize];
   std::int32_t writeFlag;
   HostHandle objectTree;
+};
+
+/// The record of a header: one word, then the comment text.
+struct _objectStream {
+  std::int32_t reserved;
+  char comment[egfsvg::kRecordTextSize];
 };
 
 /// One element on its way to the serialiser, record behind the envelope.

@@ -47,4 +47,24 @@ EGFSVG_API std::int32_t SVGH_EnumerateData(_handlerEnumData* record, QV_FILEID* 
 
 EGFSVG_API std::int32_t SVGH_CloseReader(_handlerCloseReader* record);
 
+/// Opens a writer on `target`, an output stream, and stores its handle; `writer` is cleared first
+/// in any case.
+EGFSVG_API std::int32_t SVGA_OpenWriter(_adapterOpenWriter* record);
+
+/// Writes the tree of `objectTree` as one SVG document. `target` is the file object of the file
+/// that is being written, beside which pictures go.
+EGFSVG_API std::int32_t SVGA_WriteData(_adapterWriteData* record, HostHandle target);
+
+/// Ends a writer, whatever the result.
+EGFSVG_API std::int32_t SVGA_CloseWriter(_adapterCloseWriter* record);
+
+/// Opens the SVG side of a writer on `target`; `writer` is cleared first in any case.
+EGFSVG_API std::int32_t SVGH_OpenWriter(_handlerOpenWriter* record);
+
+/// Writes one record as its type says.
+EGFSVG_API std::int32_t SVGH_WriteObject(_handlerWriteObject* record);
+
+/// When it returns non-zero the writer is still open, and may be closed again.
+EGFSVG_API std::int32_t SVGH_CloseWriter(_handlerCloseWriter* record);
+
 }  // extern "C"

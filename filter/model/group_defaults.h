@@ -3,11 +3,11 @@
 #pragma once
 
 #include "model/groups.h"
+#include "model/paint_codes.h"
 
 namespace egfsvg {
 
 inline constexpr double kDefaultFontSize = 12.0;  // pixels
-inline constexpr std::int32_t kDefaultMiterLimit = 4;
 inline constexpr std::int32_t kDefaultStrokeWord = 0xffffff;
 inline constexpr std::int32_t kFirstKeyword = 1;  // the default of nearly every keyword property
 

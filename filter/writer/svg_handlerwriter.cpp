@@ -32,12 +32,9 @@ struct WriteRow {
 
 using W = CHandlerWriter;
 
-constexpr std::int32_t kTypeHeader = 1, kTypeNothing = 2, kTypeGradient = 29, kTypeRule = 37,
-                       kTypeScript = 39, kTypeEndDoctype = 1017, kTypeEndScript = 1018;
-
 constexpr WriteRow kRows[] = {
-    {kTypeHeader, writeRecord<&W::writeSVGHeader, _objectStream>, false},
-    {kTypeNothing, writeNothing, false},
+    {kWriteHeader, writeRecord<&W::writeSVGHeader, _objectStream>, false},
+    {kWriteEnd, writeNothing, false},
     {kTagSvg, writeRecord<&W::writeOpenSVGTag, _svg_svg>, false},
     {kTagStyle, writeText<&W::writeOpenStyleTag>, false},
     {kTagPath, writeRecord<&W::writeSVGPathTag, _svg_path>, false},
@@ -53,9 +50,9 @@ constexpr WriteRow kRows[] = {
     {kTagImage, writeRecord<&W::writeSVGImageTag, _svg_image>, false},
     {kTagEntity, writeRecord<&W::writeEntityData, _svg_style_props>, false},
     {kTagLink, writeLink, false},
-    {kTypeGradient, writeRecord<&W::writeGradientTag, _svg_gradient>, false},
-    {kTypeRule, writeRecord<&W::writeCSSStyleSheetData, _svg_style_props>, false},
-    {kTypeScript, writeRecord<&W::writeOpenScriptTag, _svg_script>, false},
+    {kWriteGradient, writeRecord<&W::writeGradientTag, _svg_gradient>, false},
+    {kWriteRule, writeRecord<&W::writeCSSStyleSheetData, _svg_style_props>, false},
+    {kWriteScript, writeRecord<&W::writeOpenScriptTag, _svg_script>, false},
     {kTagCloud, writeRecord<&W::writeCloudGroup, _svg_markup_cloud>, true},
     {kTagCrossout, writeRecord<&W::writeCrossOutGroup, _svg_markup_crossout>, true},
     {kTagDiamond, writeRecord<&W::writeDiamondGroup, _svg_markup_diamond>, true},
@@ -64,8 +61,8 @@ constexpr WriteRow kRows[] = {
     {kTagEndGroup, writeText<&W::writeSVGGroupCloseTag>, false},
     {kTagEndDefs, writeText<&W::writeCloseDefsTag>, false},
     {kTagEndStyle, writeText<&W::writeCloseStyleTag>, false},
-    {kTypeEndDoctype, writeText<&W::writeCloseDoctype>, false},
-    {kTypeEndScript, writeText<&W::writeCloseScriptTag>, false},
+    {kWriteEndDoctype, writeText<&W::writeCloseDoctype>, false},
+    {kWriteEndScript, writeText<&W::writeCloseScriptTag>, false},
 };
 
 const WriteRow* rowOf(std::int32_t type) {
@@ -90,6 +87,8 @@ int writeLink(CHandlerWriter& writer, void* record, HostHandle stream) {
 
 }  // namespace
 }  // namespace egfsvg
+
+CHandlerWriter::~CHandlerWriter() = default;
 
 void CHandlerWriter::operator delete(void* block) { RMM_Free(block); }
 

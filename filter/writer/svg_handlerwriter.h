@@ -9,16 +9,10 @@
 #include "model/elements.h"
 #include "writer/line_builder.h"
 
-/// The record of a header: one word, then the comment text.
-struct _objectStream {
-  std::int32_t reserved;
-  char comment[egfsvg::kRecordTextSize];
-};
-
 class CHandlerWriter {
  public:
   CHandlerWriter() = default;
-  virtual ~CHandlerWriter() = default;
+  virtual ~CHandlerWriter();
   CHandlerWriter(const CHandlerWriter&) = delete;
   CHandlerWriter& operator=(const CHandlerWriter&) = delete;
   static void operator delete(void* block);  // back to the host's allocator

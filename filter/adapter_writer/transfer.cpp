@@ -1,0 +1,102 @@
+// The walk: which objects are written, and what each class does.
+
+#include "adapter_writer/transfer.h"
+
+#include <algorithm>
+
+#include "adapter_writer/unsupported.h"
+#include "host/diagnostics.h"
+#include "host/egf.h"
+#include "host/egf_bits.h"
+#include "host/egf_codes.h"
+
+namespace egfsvg {
+namespace {
+
+struct ClassRow {
+  int objClass;
+  int (*transfer)(const Transfer&);
+};
+
+int transferNothing(const Transfer&) { return kOk; }
+
+constexpr ClassRow kClasses[] = {
+    {kClassNone, transferNothing},
+    {kClassGroup, transferGroup},
+    {kClassLine, transferLine},
+    {kClassEllipse, transferEllipse},
+    {kClassArrowLine, transferArrowLine},
+    {kClassPolyline, transferPolyline},
+    {kClassPolygon, transferPolygon},
+    {kClassStockObject, transferStockObject},
+};
+
+constexpr auto transferOf(int objClass) {
+  for (const ClassRow& row : kClasses) {
+    if (row.objClass == objClass) return row.transfer;
+  }
+  return transferUnsupported;
+}
+
+/// The layer that an object stands on, null for none.
+const EgfLayerBody* layerOf(const EgfTreeBody* tree, std::uint16_t index) {
+  if (tree == nullptr || index == kNoLayer || index >= tree->pageHeader.layerCount) return nullptr;
+  const ref32<HostHandle> table = tree->pageHeader.layerTable;
+  if (!table) return nullptr;
+  const auto layer = readPacked<HostHandle>(table.get(), index * sizeof(HostHandle));
+  return blockBody<EgfLayerBody>(at<EgfBlockHeader>(layer));
+}
+
+bool isOutput(const CAdapterWriter& writer, const _egf_obj& object) {
+  const EgfLayerBody* layer = layerOf(writer.objectTree, object.layerIndex);
+  if (layer != nullptr && (layer->shown != 1 || layer->suppressed != 0)) return false;
+  return ViewportBits::get(object.objAttr2) == 0 && OutputBits::get(object.objAttr) != 0;
+}
+
+/// Objects inside objects. A tree that was read always fits.
+constexpr std::uint32_t kNestingMargin = 16;
+constexpr std::uint32_t kDeepestNesting = 10000;  // what the stack bears
+
+std::uint32_t deepestTree() {
+  return std::min(maxNesting(), kDeepestNesting) + kNestingMargin;
+}
+
+class OpenObject {
+ public:
+  explicit OpenObject(WriterState& state) : state_(state) { ++state_.depth; }
+  ~OpenObject() { --state_.depth; }
+  OpenObject(const OpenObject&) = delete;
+  OpenObject& operator=(const OpenObject&) = delete;
+
+  /// False, with a message the first time, beyond the deepest tree.
+  bool fits() {
+    if (state_.depth <= deepestTree()) return true;
+    if (!state_.limitReported) {
+      logDiagnostic(Diagnostic::kNestingLimit, kNoSourceOffset, "g", RMM_SITE);
+    }
+    state_.limitReported = true;
+    return false;
+  }
+
+ private:
+  WriterState& state_;
+};
+
+}  // namespace
+
+int transferUnsupported(const Transfer& t) {
+  reportUnsupported(EGF_GetObjectClass(t.object));
+  return kOk;
+}
+
+}  // namespace egfsvg
+
+int CAdapterWriter::AdapterTransferData(_egf_obj* object, _adapterWriteData* data,
+                                        HostHandle target) {
+  using namespace egfsvg;
+  const int objClass = EGF_GetObjectClass(object);
+  if (objClass == kClassNone || !isOutput(*this, *object)) return kOk;
+  OpenObject open(state);
+  if (!open.fits()) return kOk;
+  return transferOf(objClass)({*this, object, data, target});
+}
