@@ -35,7 +35,7 @@ constexpr std::array<LimitRow, 4> kLimits{{
 void addInputs(CLI::App& command, Options& options, bool several) {
   const char* help = several ? "drawings, SVG plain or gzip; - is standard input"
                              : "a drawing, SVG plain or gzip; - is standard input";
-  CLI::Option* inputs = command.add_option(several ? "FILE..." : "FILE", options.inputs, help);
+  CLI::Option* inputs = command.add_option("FILE", options.inputs, help);
   inputs->required();
   inputs->type_name("");
   inputs->expected(1, several ? CLI::detail::expected_max_vector_size : 1);

@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 
 #include "embedded_host/host_messages.h"
@@ -25,6 +26,38 @@ constexpr std::array<LimitRow, 4> kLimitOptions{{
     {Diagnostic::kReferencedObjectsLimit, "--max-referenced-objects"},
     {Diagnostic::kSourceBytesLimit, "--max-source-bytes"},
 }};
+
+// What tells about a drawing and draws nothing. Leaving it out changes no picture, so it is counted
+// and not warned about.
+constexpr std::array<std::string_view, 5> kTellingElements{"title", "desc", "metadata", "script",
+                                                           "!DOCTYPE"};
+constexpr std::array<std::string_view, 6> kTellingAttributes{
+    "version", "baseProfile", "contentScriptType", "role", "lang", "tabindex"};
+
+template <std::size_t kCount>
+bool isOneOf(const std::array<std::string_view, kCount>& names, std::string_view name) {
+  return std::find(names.begin(), names.end(), name) != names.end();
+}
+
+// A name of another vocabulary than SVG: "inkscape:label", "data-id".
+bool isForeign(std::string_view name) {
+  constexpr std::array<std::string_view, 2> kOwn{"svg", "xlink"};
+  const std::size_t colon = name.find(':');
+  if (colon == std::string_view::npos)
+    return name.starts_with("data-") || name.starts_with("aria-");
+  return !isOneOf(kOwn, name.substr(0, colon));
+}
+
+bool drawsNothing(int number, std::string_view subject) {
+  switch (static_cast<Diagnostic>(number)) {
+    case Diagnostic::kUnknownElement:
+      return isForeign(subject) || isOneOf(kTellingElements, subject);
+    case Diagnostic::kUnknownAttribute:
+      return isForeign(subject) || isOneOf(kTellingAttributes, subject);
+    default:
+      return false;
+  }
+}
 
 }  // namespace
 
@@ -50,7 +83,8 @@ Reports::~Reports() { egfhost::setMessageListener({}); }
 
 void Reports::finish() {
   if (heldBack_ > 0 && !quiet_) {
-    sayLine(name_ + ": " + std::to_string(heldBack_) + " more warnings; --quiet hides them all");
+    sayLine(name_ + ": " + std::to_string(heldBack_) +
+            " more kinds of warnings; info lists what was left out");
   }
   heldBack_ = 0;
 }
@@ -70,7 +104,9 @@ void Reports::takeDiagnostic(int number, const std::string& text) {
   const bool first = isFirst(number, words);
   endedEarly_ = endedEarly_ || isEarlyEndDiagnostic(number);
   if (isLimitDiagnostic(number)) return takeLimit(number, placed(parts.offset) + words, first);
-  if (first) warn(placed(parts.offset) + "warning: " + words);
+  if (first && !drawsNothing(number, parts.subject)) {
+    warn(placed(parts.offset) + "warning: " + words);
+  }
 }
 
 void Reports::takeLimit(int number, const std::string& line, bool first) {
@@ -86,7 +122,6 @@ bool Reports::isFirst(int number, const std::string& words) {
   const auto entry = told_.find({number, words});
   if (entry != told_.end()) {
     ++entry->second;
-    ++heldBack_;
     return false;
   }
   if (told_.size() < kMostRemembered) told_.emplace(std::pair(number, words), 1);

@@ -53,8 +53,21 @@ TEST(Reports, TellsTheSameThingOnce) {
   });
   EXPECT_EQ(text,
             "egfsvg: a.svg:2:3: warning: element \"foo\" is not known and was left out\n"
-            "egfsvg: a.svg:2:3: warning: element \"bar\" is not known and was left out\n"
-            "egfsvg: a.svg: 4 more warnings; --quiet hides them all\n");
+            "egfsvg: a.svg:2:3: warning: element \"bar\" is not known and was left out\n");
+}
+
+TEST(Reports, CountsWhatDrawsNothingWithoutAWarning) {
+  EXPECT_EQ(heard(false,
+                  [](Reports& reports) {
+                    diagnose(Diagnostic::kUnknownElement, 8, "title");
+                    diagnose(Diagnostic::kUnknownElement, 8, "rdf:RDF");
+                    diagnose(Diagnostic::kUnknownAttribute, 8, "inkscape:label");
+                    diagnose(Diagnostic::kUnknownAttribute, 8, "version");
+                    diagnose(Diagnostic::kUnknownAttribute, 8, "data-x");
+                    EXPECT_EQ(reports.told().size(), 5U);
+                    diagnose(Diagnostic::kUnknownElement, 8, "svg:rect");
+                  }),
+            "egfsvg: a.svg:2:3: warning: element \"svg:rect\" is not known and was left out\n");
 }
 
 TEST(Reports, StopsAfterFiftyLines) {
@@ -64,7 +77,7 @@ TEST(Reports, StopsAfterFiftyLines) {
     }
   });
   EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 51);
-  EXPECT_NE(text.find("20 more warnings"), std::string::npos);
+  EXPECT_NE(text.find("20 more kinds of warnings"), std::string::npos);
 }
 
 TEST(Reports, NamesTheOptionThatRaisesALimit) {
