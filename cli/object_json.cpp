@@ -108,6 +108,7 @@ constexpr std::array kKinds{
     KindRow{FieldKind::kMeasure, Place::kEntry, writeMeasure},
     KindRow{FieldKind::kColour, Place::kEntry, writeColourAt},
     KindRow{FieldKind::kPoint, Place::kEntry, writePoint},
+    KindRow{FieldKind::kRadii, Place::kEntry, writePoint},
     KindRow{FieldKind::kRect, Place::kEntry, writeRect},
     KindRow{FieldKind::kMatrix, Place::kEntry, writeMatrix},
     KindRow{FieldKind::kWrapMode, Place::kEntry, writeNumber<std::uint32_t>},
@@ -121,6 +122,21 @@ constexpr std::array kKinds{
     KindRow{FieldKind::kPointArray, Place::kReference, writePoint},
     KindRow{FieldKind::kU16Array, Place::kReference, writeNumber<std::uint16_t>},
 };
+
+// Kinds that writeValueOf or the walk over children take care of themselves.
+constexpr std::array kOtherKinds{FieldKind::kText,   FieldKind::kString,  FieldKind::kData,
+                                 FieldKind::kRaster, FieldKind::kPalette, FieldKind::kFirstChild};
+
+consteval bool isEveryKindWritten() {
+  for (int kind = 0; kind <= static_cast<int>(FieldKind::kFirstChild); ++kind) {
+    bool written = false;
+    for (const KindRow& row : kKinds) written = written || static_cast<int>(row.kind) == kind;
+    for (const FieldKind other : kOtherKinds) written = written || static_cast<int>(other) == kind;
+    if (!written) return false;
+  }
+  return true;
+}
+static_assert(isEveryKindWritten());
 
 void writeEntries(JsonWriter& json, Address first, std::size_t count, const FieldRow& row,
                   const KindRow& kind) {
