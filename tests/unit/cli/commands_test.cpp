@@ -289,7 +289,7 @@ TEST(Tool, TellsWhatIsInADrawing) {
   const TempDir folder;
   const std::string path =
       folder.write("a.svg",
-                   "<svg width=\"20\" height=\"10\">\n<foo/>\n<rect width=\"3\" height=\"4\"/>"
+                   "<svg width=\"20\" height=\"10\">\n<foo />\n<rect width=\"3\" height=\"4\"/>"
                    "<circle r=\"2\"/><g ><line x2=\"5\" stroke=\"red\"/></g></svg>");
   const auto facts = nlohmann::json::parse(runTool({"info", "--json", path}).out).at("files")[0];
   EXPECT_EQ(facts.at("file"), path);
@@ -311,7 +311,7 @@ TEST(Tool, TellsWhatIsInADrawing) {
 TEST(Tool, WarnsWithLineAndColumn) {
   const TempDir folder;
   const std::string path =
-      folder.write("a.svg", "<svg width=\"20\" height=\"10\">\n  <foo/>\n</svg>");
+      folder.write("a.svg", "<svg width=\"20\" height=\"10\">\n  <foo />\n</svg>");
   EXPECT_EQ(runTool({"dump", path}).err,
             "egfsvg: " + path + ":2:3: warning: element \"foo\" is not known and was left out\n");
   EXPECT_EQ(runTool({"dump", path, "--quiet"}).err, "");

@@ -37,10 +37,17 @@ TEST(Paints, TakeTheFillOpacityFromCodeAndRecord) {
     double expected;  // -1: no fill
   };
   const std::vector<Row> rows = {
-      {kFillNone, -1, -1},   {kFillNone, 255, -1},           {kFillOpaque, -1, 1},
-      {kFillOpaque, 255, 1}, {kFillPartial, 63, 63 / 255.0}, {kFillPartial, -1, 0.5},
-      {kFillPartial, 0, -1}, {kFillDefault, -1, 1},          {kFillDefault, 51, 0.2},
-      {kFillLinear, 100, 1}, {kFillRadial, -1, 1},
+      {kFillNone, -1, -1},
+      {kFillNone, 255, -1},
+      {kFillOpaque, -1, 1},
+      {kFillOpaque, 255, 1},
+      {kFillPartial, 63, 63 / 255.0},
+      {kFillPartial, -1, 0.5},
+      {kFillPartial, 0, -1},
+      {kFillDefault, -1, 1},
+      {kFillDefault, 51, 0.2},
+      {kFillLinear, 100, 100 / 255.0},
+      {kFillRadial, -1, 1},
   };
   for (const Row& row : rows) {
     TestPage page;
