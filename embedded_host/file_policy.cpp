@@ -41,8 +41,13 @@ bool isInside(std::string_view path, std::string_view folder) {
   return path.size() > folder.size() && path.starts_with(folder) && path[folder.size()] == '/';
 }
 
+bool isTemporary(std::string_view resolved) {
+  const std::string& folder = temporaryFolderIfMade();
+  return !folder.empty() && isInside(resolved, resolve(folder));
+}
+
 bool isAllowed(const std::string& resolved, FileAccess access) {
-  if (state().everything || isInside(resolved, resolve(temporaryFolder()))) return true;
+  if (state().everything || isTemporary(resolved)) return true;
   for (const AllowedFolder& folder : state().folders) {
     const bool enough = folder.access == FileAccess::kWrite || access == FileAccess::kRead;
     if (enough && isInside(resolved, folder.path)) return true;

@@ -19,6 +19,10 @@ EGFHOST_API bool allowFolder(const std::string& path, FileAccess access);
 EGFHOST_API void allowAllFiles(bool allowed);
 EGFHOST_API void resetFilePolicy();
 
+// Removes the folder for temporary files when it is empty; a process that ends in the ordinary way
+// does so by itself. The next temporary file makes a new one.
+EGFHOST_API void removeTemporaryFolder();
+
 // Streams to read, 0 on failure; `why` then says so in words. Opening a file allows reading in its
 // folder.
 EGFHOST_API HostHandle openFile(const std::string& path, std::string* why = nullptr);

@@ -6,6 +6,7 @@
 #include <cstdlib>
 
 #include "embedded_host/bounded_text.h"
+#include "embedded_host/host_files.h"
 
 namespace egfhost {
 
@@ -25,35 +26,52 @@ std::string joinPath(std::string_view folder, std::string_view name) {
 
 namespace {
 
-// A folder of this process alone, removed at the end when nothing is left in it.
+// A folder of this process alone, made when it is first asked for.
 class PrivateFolder {
  public:
-  PrivateFolder() {
+  PrivateFolder() = default;
+  ~PrivateFolder() { remove(); }
+  PrivateFolder(const PrivateFolder&) = delete;
+  PrivateFolder& operator=(const PrivateFolder&) = delete;
+
+  const std::string& path() {
+    if (path_.empty()) make();
+    return path_;
+  }
+  const std::string& pathIfMade() const { return path_; }
+
+  void remove() {
+    // A forked process must not remove its parent's folder.
+    if (owner_ == getpid()) rmdir(path_.c_str());
+    owner_ = -1;
+    path_.clear();
+  }
+
+ private:
+  void make() {
     const char* const named = std::getenv("TMPDIR");
     const bool usable = named != nullptr && named[0] == '/' && access(named, W_OK | X_OK) == 0;
     path_ = joinPath(usable ? named : "/tmp", "egfhost-XXXXXX");
     if (mkdtemp(path_.data()) != nullptr) owner_ = getpid();
     path_ += '/';
   }
-  ~PrivateFolder() {
-    if (owner_ == getpid()) rmdir(path_.c_str());
-  }
-  PrivateFolder(const PrivateFolder&) = delete;
-  PrivateFolder& operator=(const PrivateFolder&) = delete;
 
-  const std::string& path() const { return path_; }
-
- private:
   std::string path_;
-  pid_t owner_ = -1;  // a forked process must not remove its parent's folder
+  pid_t owner_ = -1;
 };
+
+PrivateFolder& privateFolder() {
+  static PrivateFolder folder;
+  return folder;
+}
 
 }  // namespace
 
-const std::string& temporaryFolder() {
-  static const PrivateFolder folder;
-  return folder.path();
-}
+const std::string& temporaryFolder() { return privateFolder().path(); }
+
+const std::string& temporaryFolderIfMade() { return privateFolder().pathIfMade(); }
+
+void removeTemporaryFolder() { privateFolder().remove(); }
 
 std::string pathOf(const QV_FILEID* file) {
   if (file == nullptr) return {};

@@ -22,6 +22,9 @@ std::string joinPath(std::string_view folder, std::string_view name);
 // removed at the end unless something is left in it.
 const std::string& temporaryFolder();
 
+// The same when it has been made, else empty.
+const std::string& temporaryFolderIfMade();
+
 // The path that a file id names; empty for null.
 std::string pathOf(const QV_FILEID* file);
 

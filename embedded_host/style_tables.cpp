@@ -11,14 +11,24 @@ namespace {
 
 constexpr std::size_t kFirstSlots = 16;
 
-// FNV-1a over the bytes, the upper bits folded in.
+std::uint64_t mixed(std::uint64_t hash, std::uint64_t word) {
+  constexpr std::uint64_t kMultiplier = 0x9ddfea08eb382d69u;
+  hash = (hash ^ word) * kMultiplier;
+  return hash ^ (hash >> 29);
+}
+
+// Takes eight bytes at a time, the last ones filled up with zeros.
 std::uint64_t hashOf(const void* bytes, std::size_t size) {
-  constexpr std::uint64_t kBasis = 0xcbf29ce484222325u;
-  constexpr std::uint64_t kPrime = 0x100000001b3u;
-  std::uint64_t hash = kBasis ^ size;
-  const auto* const begin = static_cast<const unsigned char*>(bytes);
-  for (std::size_t i = 0; i < size; ++i) hash = (hash ^ begin[i]) * kPrime;
-  return hash ^ (hash >> 32);
+  const auto* at = static_cast<const char*>(bytes);
+  std::uint64_t hash = size;
+  std::uint64_t word = 0;
+  for (; size >= sizeof word; size -= sizeof word, at += sizeof word) {
+    std::memcpy(&word, at, sizeof word);
+    hash = mixed(hash, word);
+  }
+  word = 0;
+  std::memcpy(&word, at, size);
+  return mixed(hash, word);
 }
 
 }  // namespace

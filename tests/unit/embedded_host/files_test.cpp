@@ -268,6 +268,19 @@ TEST_F(FilesTest, TemporaryFilesAreNewAndPrivate) {
   EXPECT_NE(0, FLR_DeleteFile(&id));
 }
 
+TEST_F(FilesTest, TheTemporaryFolderComesAndGoes) {
+  const std::string first = FLR_GetTempPath();
+  EXPECT_TRUE(std::filesystem::is_directory(first));
+  EXPECT_EQ('/', first.back());
+  EXPECT_EQ(first, FLR_GetTempPath());
+  struct stat status;
+  ASSERT_EQ(0, stat(first.c_str(), &status));
+  EXPECT_EQ(0700u, status.st_mode & 0777u);
+  removeTemporaryFolder();
+  EXPECT_FALSE(std::filesystem::exists(first));
+  EXPECT_NE(first, FLR_GetTempPath());
+}
+
 TEST_F(FilesTest, UniqueNamesEndWithTheExtensionAndDiffer) {
   QV_FILEID first = idOf(folder.file("x"));
   QV_FILEID second = first;
