@@ -10,6 +10,7 @@
 
 #include "cli/failure.h"
 #include "cli/temporaries.h"
+#include "embedded_host/host_files.h"
 
 namespace egfsvg {
 namespace {
@@ -22,6 +23,7 @@ pid_t start(std::size_t index, const std::function<ExitCode(std::size_t)>& work)
   forgetTemporaries();
   const ExitCode code = work(index);
   std::fflush(nullptr);
+  egfhost::removeTemporaryFolder();
   ::_exit(number(code));
 }
 
