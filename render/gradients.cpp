@@ -10,7 +10,7 @@ namespace egfrender {
 namespace {
 
 constexpr double kFullAlpha = 255.0;
-constexpr double kRampEnd = 1000.0;  // positions are thousandths
+constexpr double kRampEnd = 1000.0;    // positions are thousandths
 constexpr double kNearlyInside = 1.5;  // device pixels that an edge may blend beyond the vector
 constexpr double kInnermost = 0.999;   // how near its ring a focus may stand, in radii
 constexpr double kFlat = 1e-9;
@@ -57,8 +57,10 @@ Vector vectorOf(const GradientUse& gradient, Point first, Point second) {
 // Whether all of the area lies between the ends of the vector, give or take a blended edge.
 bool covers(const Vector& v, const Box& area) {
   const double length = std::hypot(v.along.x, v.along.y);
-  const Point corners[] = {{area.left, area.top}, {area.right, area.top},
-                           {area.left, area.bottom}, {area.right, area.bottom}};
+  const Point corners[] = {{area.left, area.top},
+                           {area.right, area.top},
+                           {area.left, area.bottom},
+                           {area.right, area.bottom}};
   return std::all_of(std::begin(corners), std::end(corners), [&](Point corner) {
     const double at = dot(minus(corner, v.start), v.along) / length;
     return at >= -kNearlyInside && at <= length + kNearlyInside;
@@ -142,8 +144,8 @@ Pattern radialPattern(const GradientUse& gradient, double alpha, const Placement
   if (gradient.pointCount < kLeastPoints) return nullptr;
   const Ring ring = ringOf(gradient, placement);
   cairo_matrix_t toUnit;
-  cairo_matrix_init(&toUnit, ring.xAxis.x, ring.xAxis.y, ring.yAxis.x, ring.yAxis.y,
-                    ring.center.x, ring.center.y);
+  cairo_matrix_init(&toUnit, ring.xAxis.x, ring.xAxis.y, ring.yAxis.x, ring.yAxis.y, ring.center.x,
+                    ring.center.y);
   if (cairo_matrix_invert(&toUnit) != CAIRO_STATUS_SUCCESS) return nullptr;
   Point focus = placement.device(pixelsOf(gradient.points[0]));
   cairo_matrix_transform_point(&toUnit, &focus.x, &focus.y);

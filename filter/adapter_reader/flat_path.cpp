@@ -89,10 +89,10 @@ bool FlatPathBuilder::curveTo(const PlanePoint (&controls)[4]) {
 bool FlatPathBuilder::arcTo(const ArcEnds& ends, const ArcCenter& arc) {
   _mpl_spacept_tag center{static_cast<float>(arc.cx), static_cast<float>(arc.cy)};
   unsigned int n = 0;
-  RmmOwner<_mpl_spacept_tag> points(adapter_.svg_discretizeArc(
-      &center, static_cast<float>(arc.rx), static_cast<float>(arc.ry), ends.rotation,
-      rounded<std::int32_t>(arc.start * kMillionth), rounded<std::int32_t>(arc.end * kMillionth),
-      &n));
+  RmmOwner<_mpl_spacept_tag> points(
+      adapter_.svg_discretizeArc(&center, static_cast<float>(arc.rx), static_cast<float>(arc.ry),
+                                 ends.rotation, rounded<std::int32_t>(arc.start * kMillionth),
+                                 rounded<std::int32_t>(arc.end * kMillionth), &n));
   if (!points) return false;
   if (ends.sweep) std::reverse(points.get(), points.get() + n);
   return addAll(points.get(), n);

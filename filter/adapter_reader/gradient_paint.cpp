@@ -61,9 +61,8 @@ struct GradientJob {
     _mpl_spacept_tag* points = nullptr;
     unsigned int count = 0;
     unsigned int steps = 1;
-    const bool ok =
-        adapter.SetGradientPath(map, bounds, gradient, &points, &count, &steps) == 0 &&
-        adapter.SetInterpolationColours(gradient, record, steps) == 0;
+    const bool ok = adapter.SetGradientPath(map, bounds, gradient, &points, &count, &steps) == 0 &&
+                    adapter.SetInterpolationColours(gradient, record, steps) == 0;
     if (!ok) {
       RMM_Free(points);
       return false;
@@ -137,7 +136,8 @@ int CAdapterReader::SetPathGradientParms(_viewPortMap* shapeMap, _mpl_spacerect_
                                          _egf_gdiplus_gradientparms_tag** record,
                                          _svg_gradient* gradient) {
   *record = nullptr;
-  return egfsvg::setGradient<egfsvg::EgfPath>(*this, shapeMap, bounds, object, parms, record, gradient);
+  return egfsvg::setGradient<egfsvg::EgfPath>(*this, shapeMap, bounds, object, parms, record,
+                                              gradient);
 }
 
 int CAdapterReader::SetPgonGradientParms(_viewPortMap* shapeMap, _mpl_spacerect_tag bounds,
@@ -161,7 +161,8 @@ int CAdapterReader::SetLineGradientParms(_viewPortMap* shapeMap, _mpl_spacerect_
                                          _egf_obj* object, _egf_gdiplus_stroke_parms_tag** parms,
                                          _egf_gdiplus_gradientparms_tag** record,
                                          _svg_gradient* gradient) {
-  return egfsvg::setGradient<egfsvg::EgfLine>(*this, shapeMap, bounds, object, parms, record, gradient);
+  return egfsvg::setGradient<egfsvg::EgfLine>(*this, shapeMap, bounds, object, parms, record,
+                                              gradient);
 }
 
 int CAdapterReader::SetPlineGradientParms(_viewPortMap* shapeMap, _mpl_spacerect_tag bounds,
@@ -175,7 +176,8 @@ int CAdapterReader::SetPlineGradientParms(_viewPortMap* shapeMap, _mpl_spacerect
 /// A mirror in y about the gradient's first point, kept as the brush's own matrix.
 int CAdapterReader::SetReflectionBrushTransfrm(_egf_gdiplus_gradientparms_tag* record,
                                                _mpl_spacept_tag* points) {
-  const float dx = points[0].x == 0.0F ? 0.0F : -points[0].x;  // never -0, since pools compare bytes
+  const float dx =
+      points[0].x == 0.0F ? 0.0F : -points[0].x;  // never -0, since pools compare bytes
   record->gradMatrix = {1.0F, 0.0F, 0.0F, -1.0F, dx, points[0].y + 0.0F};
   return 0;
 }

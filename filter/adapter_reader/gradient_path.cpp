@@ -15,8 +15,8 @@
 namespace egfsvg {
 namespace {
 
-constexpr unsigned int kMostSteps = 256;       // how often a ring's ramp may stand in the shape
-constexpr double kFocusMarginPart = 250.0;     // of the diagonal: how near the ring a focus may be
+constexpr unsigned int kMostSteps = 256;    // how often a ring's ramp may stand in the shape
+constexpr double kFocusMarginPart = 250.0;  // of the diagonal: how near the ring a focus may be
 
 double distance(const _mpl_spacept_tag& a, const _mpl_spacept_tag& b) {
   return std::hypot(static_cast<double>(a.x) - static_cast<double>(b.x),
@@ -42,10 +42,10 @@ void clearFocus(const _mpl_spacerect_tag& bounds, const _mpl_spacept_tag& center
   const double s = limit - least;
   const double dx = static_cast<double>(focus.x) - static_cast<double>(center.x);
   const double dy = static_cast<double>(center.y) - static_cast<double>(focus.y);
-  focus.x = static_cast<float>(static_cast<double>(focus.x) -
-                               truncated<std::int32_t>(s * dx / length));
-  focus.y = static_cast<float>(static_cast<double>(focus.y) +
-                               truncated<std::int32_t>(s * dy / length));
+  focus.x =
+      static_cast<float>(static_cast<double>(focus.x) - truncated<std::int32_t>(s * dx / length));
+  focus.y =
+      static_cast<float>(static_cast<double>(focus.y) + truncated<std::int32_t>(s * dy / length));
 }
 
 void doubleRing(const _mpl_spacept_tag& focus, _mpl_spacept_tag* ring, unsigned int count) {
@@ -80,7 +80,8 @@ int CAdapterReader::SetGradientPath(_viewPortMap* shapeMap, _mpl_spacerect_tag b
       radius = static_cast<float>(circle.r.value * kSpaceUnits);
       bounds = kUnitBounds;
       break;
-    default: return -1;
+    default:
+      return -1;
   }
   _mpl_spacept_tag radiusPoint{center.x + radius, center.y + radius};
   SetPathGrPtsArray(bounds, space.userSpace(), focus, center, radiusPoint, points, count, steps);
@@ -100,9 +101,8 @@ void CAdapterReader::SetPathGrPtsArray(_mpl_spacerect_tag bounds, _userSpace* sp
   *points = nullptr;
   PathGradientFocusCorrection(focus, center, radiusPoint);
   unsigned int n = 0;
-  RmmOwner<_mpl_spacept_tag> ring(svg_discretizeArc(&center, radiusPoint.x - center.x,
-                                                    radiusPoint.y - center.y, 0.0, 0, kFullTurn,
-                                                    &n));
+  RmmOwner<_mpl_spacept_tag> ring(svg_discretizeArc(
+      &center, radiusPoint.x - center.x, radiusPoint.y - center.y, 0.0, 0, kFullTurn, &n));
   auto* result = allocateArray<_mpl_spacept_tag>(std::size_t{n} + 1, RMM_SITE);
   if (!ring || result == nullptr) {
     RMM_Free(result);

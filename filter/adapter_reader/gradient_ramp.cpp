@@ -69,8 +69,7 @@ void storeRepeat(const Ramp& ramp, int n, unsigned steps, _egf_gdiplus_gradientp
   for (int i = 0; i < n; ++i) store(record, i, ramp[i]);
 }
 
-void storeReflect(const Ramp& ramp, int n, unsigned steps,
-                  _egf_gdiplus_gradientparms_tag* record) {
+void storeReflect(const Ramp& ramp, int n, unsigned steps, _egf_gdiplus_gradientparms_tag* record) {
   record->gradReflect = static_cast<std::uint8_t>(((steps + 1) >> 1) - 1);
   record->stopCount = static_cast<std::uint8_t>(2 * n - 1);
   for (int i = 0; i < n; ++i) store(record, n - 1 + i, ramp[i]);
@@ -85,9 +84,12 @@ void storeReflect(const Ramp& ramp, int n, unsigned steps,
 int roomForStops(const _svg_gradient& gradient) {
   if (gradient.head.type == kTagLinearGradient) return kMaxGradientStops - kDoubledEnds;
   switch (gradient.spreadMethod) {
-    case kSpreadPad: return kMaxGradientStops - kDoubledEnds - 1;
-    case kSpreadReflect: return (kMaxGradientStops + 1) / 2 - kDoubledEnds;
-    default: return kMaxGradientStops - kDoubledEnds;
+    case kSpreadPad:
+      return kMaxGradientStops - kDoubledEnds - 1;
+    case kSpreadReflect:
+      return (kMaxGradientStops + 1) / 2 - kDoubledEnds;
+    default:
+      return kMaxGradientStops - kDoubledEnds;
   }
 }
 
@@ -102,8 +104,8 @@ std::uint8_t alphaOf(double opacity) {
 }  // namespace egfsvg
 
 int CAdapterReader::SetGradientColours(_svg_gradient* gradient,
-                                       _egf_gdiplus_gradientparms_tag* record,
-                                       std::int32_t before, std::int32_t after) {
+                                       _egf_gdiplus_gradientparms_tag* record, std::int32_t before,
+                                       std::int32_t after) {
   using namespace egfsvg;
   if (gradient == nullptr || record == nullptr || gradient->stopCount < 1) return -1;
   const GradientStops stops(*gradient, roomForStops(*gradient));
@@ -113,9 +115,9 @@ int CAdapterReader::SetGradientColours(_svg_gradient* gradient,
   record->stopPositions[0] = 0;
   for (int i = 1; i <= n - 2; ++i) {
     const _svg_stop& stop = stops[i - 1];
-    RampEntry entry = entryOf(
-        *this, stop,
-        (static_cast<double>(before) + stop.offset.value) * kThousandthsPerPercent * part);
+    RampEntry entry =
+        entryOf(*this, stop,
+                (static_cast<double>(before) + stop.offset.value) * kThousandthsPerPercent * part);
     const std::int16_t floor = record->stopPositions[i - 1];
     entry.position = std::max(entry.position, floor);  // positions never fall
     store(record, i, entry);
@@ -136,10 +138,17 @@ int CAdapterReader::SetInterpolationColours(_svg_gradient* gradient,
   Ramp ramp;
   const int n = inwardRamp(*this, stops, 1.0 / static_cast<double>(steps), ramp);
   switch (gradient->spreadMethod) {
-    case kSpreadPad: storePad(ramp, n, record); break;
-    case kSpreadRepeat: storeRepeat(ramp, n, steps, record); break;
-    case kSpreadReflect: storeReflect(ramp, n, steps, record); break;
-    default: break;  // Kept: any other word copies nothing
+    case kSpreadPad:
+      storePad(ramp, n, record);
+      break;
+    case kSpreadRepeat:
+      storeRepeat(ramp, n, steps, record);
+      break;
+    case kSpreadReflect:
+      storeReflect(ramp, n, steps, record);
+      break;
+    default:
+      break;  // Kept: any other word copies nothing
   }
   return 0;
 }

@@ -32,11 +32,11 @@ double lossWithout(const _svg_stop& a, const _svg_stop& b, const _svg_stop& c) {
   const _svg_pa_gradients& p = a.gradients;
   const _svg_pa_gradients& q = b.gradients;
   const _svg_pa_gradients& r = c.gradients;
-  const double most = std::max(
-      std::max(bend(p.stopColor.red, q.stopColor.red, r.stopColor.red, t),
-               bend(p.stopColor.green, q.stopColor.green, r.stopColor.green, t)),
-      std::max(bend(p.stopColor.blue, q.stopColor.blue, r.stopColor.blue, t),
-               kChannelTop * bend(p.stopOpacity, q.stopOpacity, r.stopOpacity, t)));
+  const double most =
+      std::max(std::max(bend(p.stopColor.red, q.stopColor.red, r.stopColor.red, t),
+                        bend(p.stopColor.green, q.stopColor.green, r.stopColor.green, t)),
+               std::max(bend(p.stopColor.blue, q.stopColor.blue, r.stopColor.blue, t),
+                        kChannelTop * bend(p.stopOpacity, q.stopOpacity, r.stopOpacity, t)));
   return most * width;
 }
 
@@ -58,9 +58,9 @@ GradientStops::GradientStops(const _svg_gradient& gradient, int room)
 }
 
 void GradientStops::dropEqual() {
-  const _svg_stop** end = std::unique(
-      kept_.begin(), kept_.end(),
-      [](const _svg_stop* a, const _svg_stop* b) { return sameStop(*a, *b); });
+  const _svg_stop** end =
+      std::unique(kept_.begin(), kept_.end(),
+                  [](const _svg_stop* a, const _svg_stop* b) { return sameStop(*a, *b); });
   kept_.cutTo(static_cast<std::int32_t>(end - kept_.begin()));
 }
 

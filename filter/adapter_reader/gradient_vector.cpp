@@ -46,8 +46,10 @@ void outerMeetings(const Edges& e, const Place& start, const Place& end, Place* 
   const double slope = (start.y - end.y) / (start.x - end.x);
   const auto xAt = [&](double y) { return start.x + (y - start.y) / slope; };
   const auto yAt = [&](double x) { return start.y + (x - start.x) * slope; };
-  const Place meetings[] = {{xAt(e.top), e.top}, {e.right, yAt(e.right)},
-                            {xAt(e.bottom), e.bottom}, {e.left, yAt(e.left)}};
+  const Place meetings[] = {{xAt(e.top), e.top},
+                            {e.right, yAt(e.right)},
+                            {xAt(e.bottom), e.bottom},
+                            {e.left, yAt(e.left)}};
   *low = *high = meetings[0];
   for (const Place& place : meetings) {
     if (place.x < low->x) *low = place;
@@ -143,7 +145,8 @@ int CAdapterReader::SetGradientVector(_viewPortMap* shapeMap, _mpl_spacerect_tag
       end = rawPoint(vector.x2, vector.y2);
       bounds = kUnitBounds;
       break;
-    default: return -1;
+    default:
+      return -1;
   }
   space.map(start);
   space.map(end);
@@ -159,8 +162,8 @@ void CAdapterReader::SetLinearGrIntersectionPoints(_mpl_spacerect_tag bounds,
                                                    std::int32_t* before, std::int32_t* after) {
   using namespace egfsvg;
   *before = *after = 0;
-  const Edges edges{bounds.left * kSpaceUnits, bounds.right * kSpaceUnits,
-                    bounds.top * kSpaceUnits, bounds.bottom * kSpaceUnits};
+  const Edges edges{bounds.left * kSpaceUnits, bounds.right * kSpaceUnits, bounds.top * kSpaceUnits,
+                    bounds.bottom * kSpaceUnits};
   if (start.x == end.x) {
     extendVertical(edges, start, end, before, after);
   } else {

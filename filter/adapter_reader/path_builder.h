@@ -48,8 +48,8 @@ class BezierPathBuilder final : public PathSink {
   double shear_ = 0.0, scaleX_ = 1.0, scaleY_ = 1.0, rotation_ = 0.0;
   ObjectOwner outer_;
   ObjectOwner sub_;
-  _egf_obj* target_ = nullptr;        // the object that takes children now
-  _mpl_spacept_tag* run_ = nullptr;   // pending straight points, mapped, owned
+  _egf_obj* target_ = nullptr;       // the object that takes children now
+  _mpl_spacept_tag* run_ = nullptr;  // pending straight points, mapped, owned
   unsigned int runCount_ = 0;
   bool hasClose_ = false;
   bool boxed_ = false;

@@ -47,7 +47,9 @@ _egf_obj* straightRun(_mpl_spacept_tag* points, unsigned int count) {
 }  // namespace
 
 BezierPathBuilder::BezierPathBuilder(CAdapterReader& adapter, _viewPortMap* map, bool several)
-    : adapter_(adapter), map_(map), several_(several),
+    : adapter_(adapter),
+      map_(map),
+      several_(several),
       outer_(EEL_AllocObject(kClassPath, RMM_SITE)) {
   if (map != nullptr && map->userSpace != nullptr) {
     adapter.svg_DecomposeMatrix(map->userSpace->matrix.m, &shear_, &scaleX_, &scaleY_, &rotation_);
@@ -69,12 +71,15 @@ int CAdapterReader::ArcEndpointToCenter(_svg_path_data* d, double x, double y,
   const auto units = [&](const _svg_value& v) {
     return SVGValueToPixelValue(v, res) * kUnitsPerPixel;
   };
-  const ArcEnds ends{x, y,
+  const ArcEnds ends{x,
+                     y,
                      units(d->arg0) + (relative != 0 ? x : 0.0),
                      units(d->arg1) + (relative != 0 ? y : 0.0),
-                     std::fabs(units(d->arg2)), std::fabs(units(d->arg3)),
+                     std::fabs(units(d->arg2)),
+                     std::fabs(units(d->arg3)),
                      SVGAngleToRAD({d->arg4.unit, d->arg4.value}),
-                     d->arg4.axis != 0, d->arg5.unit != 0};
+                     d->arg4.axis != 0,
+                     d->arg5.unit != 0};
   ArcCenter arc{};
   if (!arcFromEnds(ends, &arc)) return -1;
   *center = {static_cast<float>(arc.cx), static_cast<float>(arc.cy)};

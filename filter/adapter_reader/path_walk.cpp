@@ -32,7 +32,9 @@ void raiseQuadratic(PlanePoint current, PlanePoint control, PlanePoint end, bool
 }
 
 PathWalk::PathWalk(CAdapterReader& adapter, PathSink& sink)
-    : adapter_(adapter), sink_(sink), resolution_(96.0),
+    : adapter_(adapter),
+      sink_(sink),
+      resolution_(96.0),
       trueCurves_(settingOn(Setting::kTrueCurves)) {
   MPL_GetResXFactor(1, 1, adapter.map, &resolution_);
 }
@@ -60,21 +62,38 @@ bool PathWalk::step(const _svg_path_data& d) {
   relative_ = form != d.command;
   bool done = true;
   switch (form) {
-    case kPathClose: done = close(); break;
-    case kPathMoveAbs: done = move(d); break;
-    case kPathLineAbs: done = line(point(d.arg0, d.arg1)); break;
+    case kPathClose:
+      done = close();
+      break;
+    case kPathMoveAbs:
+      done = move(d);
+      break;
+    case kPathLineAbs:
+      done = line(point(d.arg0, d.arg1));
+      break;
     case kPathHorizontalAbs:
       done = line({units(d.arg0) + (relative_ ? current_.x : 0.0), current_.y});
       break;
     case kPathVerticalAbs:
       done = line({current_.x, units(d.arg0) + (relative_ ? current_.y : 0.0)});
       break;
-    case kPathCubicAbs: done = cubic(d); break;
-    case kPathSmoothCubicAbs: done = smoothCubic(d); break;
-    case kPathQuadAbs: done = quadratic(point(d.arg0, d.arg1), point(d.arg2, d.arg3)); break;
-    case kPathSmoothQuadAbs: done = smoothQuadratic(d); break;
-    case kPathArcAbs: done = arc(d); break;
-    default: return true;  // no command
+    case kPathCubicAbs:
+      done = cubic(d);
+      break;
+    case kPathSmoothCubicAbs:
+      done = smoothCubic(d);
+      break;
+    case kPathQuadAbs:
+      done = quadratic(point(d.arg0, d.arg1), point(d.arg2, d.arg3));
+      break;
+    case kPathSmoothQuadAbs:
+      done = smoothQuadratic(d);
+      break;
+    case kPathArcAbs:
+      done = arc(d);
+      break;
+    default:
+      return true;  // no command
   }
   if (form != kPathQuadAbs && form != kPathSmoothQuadAbs) lastQuad_ = {0.0, 0.0};
   previous_ = form;
@@ -140,10 +159,15 @@ bool PathWalk::curve(PlanePoint first, PlanePoint second, PlanePoint end) {
 
 bool PathWalk::arc(const _svg_path_data& d) {
   const PlanePoint end = point(d.arg0, d.arg1);
-  const ArcEnds ends{current_.x, current_.y, end.x, end.y,
-                     std::fabs(units(d.arg2)), std::fabs(units(d.arg3)),
+  const ArcEnds ends{current_.x,
+                     current_.y,
+                     end.x,
+                     end.y,
+                     std::fabs(units(d.arg2)),
+                     std::fabs(units(d.arg3)),
                      adapter_.SVGAngleToRAD({d.arg4.unit, d.arg4.value}),
-                     d.arg4.axis != 0, d.arg5.unit != 0};
+                     d.arg4.axis != 0,
+                     d.arg5.unit != 0};
   if (ends.rx < kNoRadius || ends.ry < kNoRadius) return line(end);
   ArcCenter center{};
   if (!arcFromEnds(ends, &center)) return true;

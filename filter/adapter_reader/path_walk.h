@@ -60,9 +60,9 @@ class PathWalk {
   bool trueCurves_;
   bool relative_ = false;
   PlanePoint current_{0.0, 0.0};
-  PlanePoint first_{0.0, 0.0};       // of the sub-path
-  std::int32_t previous_ = 0;        // absolute form of the command before, 0 at a sub-path's start
-  PlanePoint lastCubic_{0.0, 0.0};   // control points that a smooth command reflects
+  PlanePoint first_{0.0, 0.0};      // of the sub-path
+  std::int32_t previous_ = 0;       // absolute form of the command before, 0 at a sub-path's start
+  PlanePoint lastCubic_{0.0, 0.0};  // control points that a smooth command reflects
   PlanePoint lastQuad_{0.0, 0.0};
 };
 

@@ -190,9 +190,9 @@ void BezierPathBuilder::growByArc(const ArcEnds& ends, const ArcCenter& arc) {
   grow({ends.x2, ends.y2});
   _mpl_spacept_tag center{static_cast<float>(arc.cx), static_cast<float>(arc.cy)};
   unsigned int count = 0;
-  _mpl_spacept_tag* points = adapter_.svg_discretizeArc(
-      &center, static_cast<float>(arc.rx), static_cast<float>(arc.ry), ends.rotation,
-      millionths(arc.start), millionths(arc.end), &count);
+  _mpl_spacept_tag* points =
+      adapter_.svg_discretizeArc(&center, static_cast<float>(arc.rx), static_cast<float>(arc.ry),
+                                 ends.rotation, millionths(arc.start), millionths(arc.end), &count);
   if (points == nullptr) return;
   adapter_.svg_UpdateObjBoundingBox(box_, points, static_cast<int>(count));
   RMM_Free(points);
@@ -223,8 +223,8 @@ _egf_obj* CAdapterReader::SVG_formatGDIPlusPath(_svg_path* element) {
   castLineThickness(element->stroke.strokeWidth, &width);
   _mpl_spacerect_tag bounds = builder.bounds(width.value / 2.0);
   _egf_obj* path = builder.release();
-  if (_setPathParms(path, bounds, pathMap.get(), element->fill, element->stroke, element->graphics) !=
-      0) {
+  if (_setPathParms(path, bounds, pathMap.get(), element->fill, element->stroke,
+                    element->graphics) != 0) {
     return nullptr;  // the setter has destroyed it
   }
   return path;

@@ -14,7 +14,8 @@ struct Vector {
   double x, y;
 };
 
-/// The angle from a to b. Host angles run against SVG's, so the sign of the cross product is turned.
+/// The angle from a to b. Host angles run against SVG's, so the sign of the cross product is
+/// turned.
 double angleBetween(const Vector& a, const Vector& b) {
   const double cross = a.x * b.y - a.y * b.x;
   const double lengths = std::sqrt(a.x * a.x + a.y * a.y) * std::sqrt(b.x * b.x + b.y * b.y);
@@ -86,8 +87,8 @@ double scaledArcAngle(double degrees, double scaleX, double scaleY) {
   const double sine = std::sin(radians);
   const double cosine = std::cos(radians);
   if (std::fabs(sine) <= kOnAxis || std::fabs(cosine) <= kOnAxis) return angle;
-  double scaled = degreesOf(std::atan2(std::fabs(sine / cosine) * sign(sine),
-                                       (scaleX / scaleY) * sign(cosine)));
+  double scaled = degreesOf(
+      std::atan2(std::fabs(sine / cosine) * sign(sine), (scaleX / scaleY) * sign(cosine)));
   if (scaled < 0.0 && angle > 0.0) scaled += kDegreesInTurn;
   if (scaled > 0.0 && angle < 0.0) scaled -= kDegreesInTurn;
   return scaled;

@@ -1,5 +1,6 @@
 // Elliptical arcs between the SVG 1.1 end-point form and the centre form (SVG 1.1, appendix F.6),
-// with angles as the host counts them: degrees, counter-clockwise on a page whose y grows downwards.
+// with angles as the host counts them: degrees, counter-clockwise on a page whose y grows
+// downwards.
 #pragma once
 
 namespace egfsvg {

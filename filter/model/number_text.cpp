@@ -101,8 +101,7 @@ char* fixedText(char* out, double value, int decimals) {
   const auto bits = std::bit_cast<std::uint64_t>(value);
   std::uint64_t number;
   if (!scaledInteger(bits & ~kSignBit, decimals, &number)) {
-    return std::to_chars(out, out + kNumberTextSize, value, std::chars_format::fixed, decimals)
-        .ptr;
+    return std::to_chars(out, out + kNumberTextSize, value, std::chars_format::fixed, decimals).ptr;
   }
   char digits[24];
   char* const end = digits + sizeof digits;

@@ -152,9 +152,8 @@ void CHandlerReader::readStops(_svg_gradient* gradient) {
 
 /// The stop's texts belong to the array from then on.
 int CHandlerReader::AddStopTagToParent(_svg_gradient* gradient, _svg_stop* stop) {
-  void* grown =
-      RMM_ReAllocName(gradient->stops, static_cast<std::size_t>(gradient->stopCount) + 1,
-                      sizeof(_svg_stop), RMM_SITE);
+  void* grown = RMM_ReAllocName(gradient->stops, static_cast<std::size_t>(gradient->stopCount) + 1,
+                                sizeof(_svg_stop), RMM_SITE);
   if (grown == nullptr) return -1;
   gradient->stops = static_cast<_svg_stop*>(grown);
   gradient->stops[gradient->stopCount++] = *stop;

@@ -5,9 +5,7 @@
 
 namespace {
 
-std::int32_t whole(const _svg_value& value) {
-  return egfsvg::truncated<std::int32_t>(value.value);
-}
+std::int32_t whole(const _svg_value& value) { return egfsvg::truncated<std::int32_t>(value.value); }
 
 }  // namespace
 
@@ -52,6 +50,4 @@ int CHandlerWriter::writeSVGLinkTag(_svg_a* record, HostHandle stream) {
   return 0;
 }
 
-int CHandlerWriter::writeSVGLinkCloseTag(HostHandle stream) {
-  return putLiteral("  </a>", stream);
-}
+int CHandlerWriter::writeSVGLinkCloseTag(HostHandle stream) { return putLiteral("  </a>", stream); }

@@ -63,8 +63,7 @@ int CHandlerWriter::writeOpenSVGTag(_svg_svg* record, HostHandle stream) {
   const _svg_viewbox* box = record->viewBox;
   if (box == nullptr || record->width.unit != kUnitPercent) {
     line_.format(" x=\"%ld\" y=\"%ld\" width=\"%ld\" height=\"%ld\"",
-                 {whole(record->x), whole(record->y), whole(record->width),
-                  whole(record->height)});
+                 {whole(record->x), whole(record->y), whole(record->width), whole(record->height)});
   } else {
     line_.add(" ");
   }

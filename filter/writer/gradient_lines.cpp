@@ -23,9 +23,9 @@ void addRadial(const _svg_gradient& g, LineBuilder& line) {
   const char* suffix = suffixOf(c.fx);
   line.format("       <radialGradient id=\"grad%s\" gradientUnits=\"userSpaceOnUse\" ",
               {g.head.id});
-  line.format("fx=\"%.1f%s\" fy=\"%.1f%s\" cx=\"%.1f%s\" cy=\"%.1f%s\" r=\"%.1f%s\" >",
-              {c.fx.value, suffix, c.fy.value, suffix, c.cx.value, "%", c.cy.value, "%",
-               c.r.value, "%"});
+  line.format(
+      "fx=\"%.1f%s\" fy=\"%.1f%s\" cx=\"%.1f%s\" cy=\"%.1f%s\" r=\"%.1f%s\" >",
+      {c.fx.value, suffix, c.fy.value, suffix, c.cx.value, "%", c.cy.value, "%", c.r.value, "%"});
 }
 
 /// Each addition takes the place of the ">" and brings a new one.
@@ -34,16 +34,15 @@ void addSpreadAndTransform(const _svg_gradient& g, LineBuilder& line) {
   if (g.spreadMethod == kSpreadReflect) line.takeBack(1).add("spreadMethod=\"reflect\" >");
   if (g.head.transformCount == 0) return;
   const _svg_value* m = g.head.transforms[0].args;
-  line.takeBack(1).format(
-      "gradientTransform=\"matrix(%.4f,%.4f,%.4f,%.4f,%.4f,%.4f)\" >",
-      {m[0].value, m[1].value, m[2].value, m[3].value, m[4].value, m[5].value});
+  line.takeBack(1).format("gradientTransform=\"matrix(%.4f,%.4f,%.4f,%.4f,%.4f,%.4f)\" >",
+                          {m[0].value, m[1].value, m[2].value, m[3].value, m[4].value, m[5].value});
 }
 
 void addStop(const _svg_stop& stop, LineBuilder& line) {
   const _svg_color& colour = stop.gradients.stopColor;
-  line.format("          <stop offset=\"%ld%s\" stop-color=\"rgb(%ld,%ld,%ld)\" />",
-              {truncated<std::int32_t>(stop.offset.value), "%", colour.red, colour.green,
-               colour.blue});
+  line.format(
+      "          <stop offset=\"%ld%s\" stop-color=\"rgb(%ld,%ld,%ld)\" />",
+      {truncated<std::int32_t>(stop.offset.value), "%", colour.red, colour.green, colour.blue});
   if (stop.gradients.stopOpacity != 1.0) {
     line.takeBack(2).format("stop-opacity=\"%.2f\" />", {stop.gradients.stopOpacity});
   }

@@ -61,10 +61,18 @@ const char* LineBuilder::addConversion(const char* at, const FormatArg& arg) {
   char* out = room(kNumberTextSize);
   if (out == nullptr) return at + 1;
   switch (*at) {
-    case 'f': taken(fixedText(out, arg.number_, decimals)); break;
-    case 'e': taken(exponentText(out, arg.number_)); break;
-    case 'x': taken(colourText(out, static_cast<std::uint32_t>(arg.integer_))); break;
-    default: taken(integerText(out, arg.integer_)); break;
+    case 'f':
+      taken(fixedText(out, arg.number_, decimals));
+      break;
+    case 'e':
+      taken(exponentText(out, arg.number_));
+      break;
+    case 'x':
+      taken(colourText(out, static_cast<std::uint32_t>(arg.integer_)));
+      break;
+    default:
+      taken(integerText(out, arg.integer_));
+      break;
   }
   return at + 1;
 }

@@ -38,9 +38,7 @@ class LineBuilder {
     failed_ = false;
   }
   std::int32_t length() const { return text_.count(); }
-  std::string_view text() const {
-    return {text_.data(), static_cast<std::size_t>(text_.count())};
-  }
+  std::string_view text() const { return {text_.data(), static_cast<std::size_t>(text_.count())}; }
   bool failed() const { return failed_; }
 
   LineBuilder& add(std::string_view text);

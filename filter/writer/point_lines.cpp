@@ -56,28 +56,34 @@ int putSegments(const _svg_path& path, PathForms forms, LineBuilder& line, HostH
 
 void addSegment(const _svg_path_data& d, PathForms forms, LineBuilder& line) {
   switch (d.command) {
-    case kPathClose: line.add("Z "); break;
-    case kPathMoveAbs: line.format("M%.2f,%.2f ", {d.arg0.value, d.arg1.value}); break;
-    case kPathLineAbs: line.format("L%.2f,%.2f ", {d.arg0.value, d.arg1.value}); break;
+    case kPathClose:
+      line.add("Z ");
+      break;
+    case kPathMoveAbs:
+      line.format("M%.2f,%.2f ", {d.arg0.value, d.arg1.value});
+      break;
+    case kPathLineAbs:
+      line.format("L%.2f,%.2f ", {d.arg0.value, d.arg1.value});
+      break;
     case kPathCubicAbs:
       if (!forms.curves) break;
-      line.format("C%.2f,%.2f %.2f,%.2f %.2f,%.2f ",
-                  {d.arg0.value, d.arg1.value, d.arg2.value, d.arg3.value, d.arg4.value,
-                   d.arg5.value});
+      line.format("C%.2f,%.2f %.2f,%.2f %.2f,%.2f ", {d.arg0.value, d.arg1.value, d.arg2.value,
+                                                      d.arg3.value, d.arg4.value, d.arg5.value});
       break;
     case kPathArcAbs:
       if (!forms.arcs) break;
       line.format("A%.2f,%.2f %.2f %d,%d %.2f,%.2f ",
-                  {d.arg2.value, d.arg3.value, d.arg4.value, d.arg4.axis, d.arg5.unit,
-                   d.arg0.value, d.arg1.value});
+                  {d.arg2.value, d.arg3.value, d.arg4.value, d.arg4.axis, d.arg5.unit, d.arg0.value,
+                   d.arg1.value});
       break;
     case kPathArcRel:
       if (!forms.relativeArcs) break;
       line.format("a%.6f,%.6f %.4f %d,%d %.6f,%.6f ",
-                  {d.arg2.value, d.arg3.value, d.arg4.value, d.arg4.axis, d.arg5.unit,
-                   d.arg0.value, d.arg1.value});
+                  {d.arg2.value, d.arg3.value, d.arg4.value, d.arg4.axis, d.arg5.unit, d.arg0.value,
+                   d.arg1.value});
       break;
-    default: break;  // other commands print nothing
+    default:
+      break;  // other commands print nothing
   }
 }
 

@@ -40,8 +40,8 @@ void startElement(const char* name, const _svg_common& head, LineBuilder& out) {
 }
 
 const transformEntry* rotationOf(const _svg_common& head) {
-  const bool rotated = head.transforms != nullptr && head.transformCount > 0 &&
-                       head.transforms[0].kind == kRotate;
+  const bool rotated =
+      head.transforms != nullptr && head.transformCount > 0 && head.transforms[0].kind == kRotate;
   return rotated ? &head.transforms[0] : nullptr;
 }
 
@@ -64,9 +64,9 @@ int CHandlerWriter::writeSVGRectTag(_svg_rect* record, HostHandle stream) {
   AddLineJoinAttrib(record->stroke, style_);
   const auto style = withReference(record->head, style_, reference_);
   startElement("rect", record->head, line_);
-  line_.format("x=\"%ld\" y=\"%ld\" width=\"%ld\" height=\"%ld\" %s />",
-               {whole(record->x), whole(record->y), whole(record->width), whole(record->height),
-                style});
+  line_.format(
+      "x=\"%ld\" y=\"%ld\" width=\"%ld\" height=\"%ld\" %s />",
+      {whole(record->x), whole(record->y), whole(record->width), whole(record->height), style});
   return line_.put(stream);
 }
 

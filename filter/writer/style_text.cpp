@@ -110,7 +110,8 @@ void addWritingMode(std::int32_t mode, double glyphAngle, LineBuilder& out) {
     addFragment(out, "; writing-mode:rl; glyph-orientation-horizontal:180\"");
   }
   if (mode != kWritingTopToBottom) return;
-  if (glyphAngle == kUpright) addFragment(out, "; writing-mode:tb; glyph-orientation-vertical:90\"");
+  if (glyphAngle == kUpright)
+    addFragment(out, "; writing-mode:tb; glyph-orientation-vertical:90\"");
   if (glyphAngle == kTurned) {
     addFragment(out, "; writing-mode:tb; glyph-orientation-vertical:270\"");
   }
@@ -199,7 +200,8 @@ void CHandlerWriter::AddFontStyle(const _svg_pa_fontspec& font, egfsvg::LineBuil
   if (font.fontStyle == kItalic) egfsvg::addFragment(out, "; font-style:italic\"");
 }
 
-/// Attributes behind the style's closing quote. Kept: of the events only the last one set is written.
+/// Attributes behind the style's closing quote. Kept: of the events only the last one set is
+/// written.
 void CHandlerWriter::AddGraphicalEventAttrib(const _svg_pa_graphics& graphics,
                                              _svg_event_graphical events,
                                              egfsvg::LineBuilder& out) {

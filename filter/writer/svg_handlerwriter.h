@@ -81,7 +81,7 @@ class CHandlerWriter {
  private:
   int putLiteral(const char* text, HostHandle stream);
 
-  egfsvg::LineBuilder line_;   // reused between lines
+  egfsvg::LineBuilder line_;  // reused between lines
   egfsvg::LineBuilder style_;
   egfsvg::LineBuilder reference_;
   std::int32_t openSvgs_ = 0;  // the outermost svg may carry namespaces

@@ -24,8 +24,8 @@ constexpr const char* kRedBlue =
     "<stop offset=\"0\" stop-color=\"red\"/><stop offset=\"1\" stop-color=\"blue\"/>";
 
 /// A page with gradient `a` and one shape.
-std::string drawing(const std::string& tag, const std::string& attributes,
-                    const std::string& shape, const std::string& stops = kRedBlue) {
+std::string drawing(const std::string& tag, const std::string& attributes, const std::string& shape,
+                    const std::string& stops = kRedBlue) {
   return "<svg viewBox=\"0 0 200 200\"><defs><" + tag + " id=\"a\" " + attributes + ">" + stops +
          "</" + tag + "></defs>" + shape + "</svg>";
 }
@@ -58,8 +58,7 @@ Painted painted(const std::string& text) {
     result.parms = page.style<_egf_gdiplus_fillparms_tag>(kStyleFill, polygon->fillParmsNo);
   }
   if (polygon->fillGradientNo == 0) return result;
-  result.ramp =
-      page.style<_egf_gdiplus_gradientparms_tag>(kStyleGradient, polygon->fillGradientNo);
+  result.ramp = page.style<_egf_gdiplus_gradientparms_tag>(kStyleGradient, polygon->fillGradientNo);
   for (int i = 0; i < result.ramp.stopCount; ++i) {
     const std::int16_t position = result.ramp.stopPositions[i];
     result.positions += (i > 0 ? "," : "") + std::to_string(position);
@@ -135,25 +134,25 @@ TEST(Gradients, PadReachesTheEdges) {
       {"x1=\"0\" y1=\"75\" x2=\"0\" y2=\"25\"", "(0,409600) (0,0)", "0,250,750,1000"},
   };
   for (const PadRow& row : rows) {
-    const Painted p = painted(
-        linear(std::string("gradientUnits=\"userSpaceOnUse\" ") + row.vector, kSquare));
+    const Painted p =
+        painted(linear(std::string("gradientUnits=\"userSpaceOnUse\" ") + row.vector, kSquare));
     EXPECT_EQ(p.points, row.points) << row.vector;
     EXPECT_EQ(p.positions, row.positions) << row.vector;
   }
 }
 
 TEST(Gradients, PositionsNeverFall) {
-  const Painted p = painted(linear(
-      "", kSquare,
-      "<stop offset=\".5\" stop-color=\"red\"/><stop offset=\".2\" stop-color=\"blue\"/>"
-      "<stop offset=\"1\" stop-color=\"red\"/>"));
+  const Painted p = painted(
+      linear("", kSquare,
+             "<stop offset=\".5\" stop-color=\"red\"/><stop offset=\".2\" stop-color=\"blue\"/>"
+             "<stop offset=\"1\" stop-color=\"red\"/>"));
   EXPECT_EQ(p.positions, "0,500,500,1000,1000");
 }
 
 TEST(Gradients, StopsCarryOpacityAndExchangedColours) {
-  const Painted p = painted(
-      linear("", kSquare, "<stop offset=\"0\" stop-color=\"black\" stop-opacity=\".5\"/>"
-                          "<stop offset=\"1\" stop-color=\"white\"/>"));
+  const Painted p = painted(linear("", kSquare,
+                                   "<stop offset=\"0\" stop-color=\"black\" stop-opacity=\".5\"/>"
+                                   "<stop offset=\"1\" stop-color=\"white\"/>"));
   EXPECT_EQ(static_cast<int>(p.ramp.stopAlpha[0]), 127);
   EXPECT_EQ(static_cast<int>(p.ramp.stopAlpha[1]), 127);
   EXPECT_EQ(static_cast<int>(p.ramp.stopAlpha[2]), 255);
@@ -168,17 +167,17 @@ TEST(Gradients, WithoutStopsNothingIsFilled) {
   // A link that goes forward finds nothing.
   const Painted forward = painted(
       "<svg viewBox=\"0 0 9 9\"><linearGradient id=\"a\" xlink:href=\"#b\" />"
-      "<linearGradient id=\"b\" >" + std::string(kRedBlue) + "</linearGradient>" +
-      std::string(kSquare) + "</svg>");
+      "<linearGradient id=\"b\" >" +
+      std::string(kRedBlue) + "</linearGradient>" + std::string(kSquare) + "</svg>");
   EXPECT_EQ(forward.fillStyle, kFillNone);
 }
 
 TEST(Gradients, LinksLendTheirStops) {
   const std::string base = "<svg viewBox=\"0 0 9 9\"><linearGradient id=\"b\" >" +
                            std::string(kRedBlue) + "</linearGradient>";
-  EXPECT_EQ(painted(base + "<linearGradient id=\"a\" xlink:href=\"#b\" />" + kSquare + "</svg>")
-                .colours,
-            "RRBB");
+  EXPECT_EQ(
+      painted(base + "<linearGradient id=\"a\" xlink:href=\"#b\" />" + kSquare + "</svg>").colours,
+      "RRBB");
   EXPECT_EQ(painted(base +
                     "<linearGradient id=\"a\" xlink:href=\"#b\"><stop offset=\"0\" "
                     "stop-color=\"blue\"/><stop offset=\"1\" stop-color=\"blue\"/>"
@@ -202,9 +201,8 @@ TEST(Gradients, AFormerColourOrNoneDoesNotStay) {
 }
 
 std::string radialSteps(const char* radius) {
-  const Painted p = painted(drawing("radialGradient",
-                                    std::string("spreadMethod=\"repeat\" r=\"") + radius + "\"",
-                                    kSquare));
+  const Painted p = painted(drawing(
+      "radialGradient", std::string("spreadMethod=\"repeat\" r=\"") + radius + "\"", kSquare));
   return std::to_string(p.ramp.gradReflect + 1) + " " + p.positions;
 }
 
@@ -269,8 +267,7 @@ std::string rampText(int type, int spread, unsigned steps, int count) {
 TEST(Gradients, RepeatedAndReflectedRamps) {
   EXPECT_EQ(rampText(kTagRadialGradient, kSpreadRepeat, 2, 2), "1: 500 500 0 0");
   EXPECT_EQ(rampText(kTagRadialGradient, kSpreadReflect, 4, 2), "1: 500 500 250 250 250 0 0");
-  EXPECT_EQ(rampText(kTagRadialGradient, kSpreadReflect, 1, 2),
-            "0: 2000 2000 1000 1000 1000 0 0");
+  EXPECT_EQ(rampText(kTagRadialGradient, kSpreadReflect, 1, 2), "0: 2000 2000 1000 1000 1000 0 0");
   EXPECT_EQ(rampText(kTagRadialGradient, 0, 1, 2), "0:");  // an unknown word copies nothing
 }
 
@@ -278,14 +275,11 @@ TEST(Gradients, ManyStopsStayInTheirRoom) {
   struct RoomRow {
     int type, spread, stops, entries;
   };
-  const RoomRow rows[] = {{kTagLinearGradient, kSpreadPad, 50, 16},
-                          {kTagLinearGradient, kSpreadPad, 14, 16},
-                          {kTagRadialGradient, kSpreadPad, 14, 16},
-                          {kTagRadialGradient, kSpreadPad, 13, 16},
-                          {kTagRadialGradient, kSpreadRepeat, 20, 16},
-                          {kTagRadialGradient, kSpreadReflect, 20, 15},
-                          {kTagRadialGradient, kSpreadReflect, 6, 15},
-                          {kTagLinearGradient, kSpreadPad, 5000, 16}};
+  const RoomRow rows[] = {
+      {kTagLinearGradient, kSpreadPad, 50, 16},    {kTagLinearGradient, kSpreadPad, 14, 16},
+      {kTagRadialGradient, kSpreadPad, 14, 16},    {kTagRadialGradient, kSpreadPad, 13, 16},
+      {kTagRadialGradient, kSpreadRepeat, 20, 16}, {kTagRadialGradient, kSpreadReflect, 20, 15},
+      {kTagRadialGradient, kSpreadReflect, 6, 15}, {kTagLinearGradient, kSpreadPad, 5000, 16}};
   for (const RoomRow& row : rows) {
     const std::string text = rampText(row.type, row.spread, 1, row.stops);
     EXPECT_EQ(std::count(text.begin(), text.end(), ' '), row.entries)

@@ -77,8 +77,7 @@ struct TextRow {
 
 TEST(PathObjects, ChildrenInDrawingOrder) {
   const TextRow rows[] = {
-      {"M0 0 L10 0 L10 10 L0 10 Z",
-       "1: 8[(0,0) (40960,0) (40960,40960) (0,40960) (0,0)]"},
+      {"M0 0 L10 0 L10 10 L0 10 Z", "1: 8[(0,0) (40960,0) (40960,40960) (0,40960) (0,0)]"},
       {"M0 0 L10 10", "0: 5[(0,0) (40960,40960)]"},
       {"M0 0 L10 0 Z", "1: 8[(0,0) (40960,0) (0,0)]"},
       {"M0 0 L10 0 M20 0 L30 0 L30 10",
@@ -122,11 +121,9 @@ TEST(PathObjects, NestedKindsTellWhichSubPathCloses) {
 TEST(PathObjects, QuadraticsAreRaised) {
   // Control (20,10), from (0,0) to (30,0). As told: one third from the control to the end, then
   // the control. With true curves: two thirds to the control, then a third on to the end.
-  EXPECT_EQ(pathText("M0 0 Q20 10 30 0"),
-            "0: 9[(0,0) (95573,27307) (81920,40960) (122880,0)]");
+  EXPECT_EQ(pathText("M0 0 Q20 10 30 0"), "0: 9[(0,0) (95573,27307) (81920,40960) (122880,0)]");
   setSetting(Setting::kTrueCurves, 1);
-  EXPECT_EQ(pathText("M0 0 Q20 10 30 0"),
-            "0: 9[(0,0) (54613,27307) (95573,27307) (122880,0)]");
+  EXPECT_EQ(pathText("M0 0 Q20 10 30 0"), "0: 9[(0,0) (54613,27307) (95573,27307) (122880,0)]");
 }
 
 TEST(PathObjects, ASmoothQuadraticReflectsTheOriginAfterOtherCommands) {
@@ -248,8 +245,7 @@ TEST(FlatPaths, ASweepIsDrawnTheOtherWay) {
   EgfPolygon* polygon = flattened(adapter, "M20 10 A10 10 0 0 1 10 20");
   ASSERT_NE(polygon, nullptr);
   const _mpl_spacept_tag first = polygon->points[1];
-  const _mpl_spacept_tag last =
-      polygon->points[static_cast<std::size_t>(polygon->pointCount) - 1];
+  const _mpl_spacept_tag last = polygon->points[static_cast<std::size_t>(polygon->pointCount) - 1];
   EXPECT_NEAR(first.x, 81920, 1);  // the arc's list repeats its start
   EXPECT_NEAR(first.y, 40960, 1);
   EXPECT_NEAR(last.x, 40960, 1);
@@ -265,15 +261,15 @@ TEST(PathParts, ArcsByTheirCentre) {
   ASSERT_EQ(reader.SetPathAtt(&path, "A5 5 0 0 0 20 0 a5 5 0 0 0 0 0"), 0);
   _mpl_spacept_tag center{};
   double rx = 0, ry = 0, start = 0, end = 0;
-  EXPECT_EQ(adapter.ArcEndpointToCenter(&path.paths[0].data[0], 0, 0, &center, &rx, &ry, &start,
-                                        &end, 0),
-            0);
+  EXPECT_EQ(
+      adapter.ArcEndpointToCenter(&path.paths[0].data[0], 0, 0, &center, &rx, &ry, &start, &end, 0),
+      0);
   EXPECT_NEAR(center.x, 40960, 0.01);
   EXPECT_NEAR(center.y, 0, 0.01);
   EXPECT_NEAR(rx, 40960, 0.01);
-  EXPECT_EQ(adapter.ArcEndpointToCenter(&path.paths[0].data[1], 7, 7, &center, &rx, &ry, &start,
-                                        &end, 1),
-            -1);
+  EXPECT_EQ(
+      adapter.ArcEndpointToCenter(&path.paths[0].data[1], 7, 7, &center, &rx, &ry, &start, &end, 1),
+      -1);
   DestroyPathElements(&path);
 }
 

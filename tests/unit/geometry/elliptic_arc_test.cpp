@@ -69,8 +69,8 @@ TEST(EllipticArc, MeetsItsEndsInTheRightDirection) {
   std::uniform_real_distribution<double> radius(1.0, 120.0);
   std::uniform_real_distribution<double> turn(-kPi, kPi);
   for (int i = 0; i < 20000; ++i) {
-    ArcEnds ends{place(random), place(random), place(random), place(random), radius(random),
-                 radius(random), turn(random), i % 2 == 0, i % 4 < 2};
+    ArcEnds ends{place(random),  place(random), place(random), place(random), radius(random),
+                 radius(random), turn(random),  i % 2 == 0,    i % 4 < 2};
     ArcCenter arc{};
     ASSERT_TRUE(arcFromEnds(ends, &arc));
     ASSERT_GE(arc.start, 0.0);
@@ -84,7 +84,9 @@ TEST(EllipticArc, MeetsItsEndsInTheRightDirection) {
     ASSERT_NEAR(y1, ends.y1, 2e-4) << i;
     ASSERT_NEAR(x2, ends.x2, 2e-4) << i;
     ASSERT_NEAR(y2, ends.y2, 2e-4) << i;
-    if (arc.end - arc.start > 180.01) { ASSERT_TRUE(ends.largeArc) << i; }
+    if (arc.end - arc.start > 180.01) {
+      ASSERT_TRUE(ends.largeArc) << i;
+    }
     if (arc.end - arc.start < 179.99 && arc.end - arc.start > 1.0) {
       ASSERT_FALSE(ends.largeArc) << i;
     }

@@ -38,10 +38,32 @@ void expectAll(double value) {
 
 TEST(NumberText, SpecialNumbers) {
   using Limits = std::numeric_limits<double>;
-  for (double value : {0.0, -0.0, 0.125, 0.375, -0.125, 0.5, 1.5, 2.5, -2.5, 0.005, 1e-7, 4.9e-324,
-                       Limits::min(), Limits::max(), -Limits::max(), Limits::infinity(),
-                       -Limits::infinity(), 4503599627370495.5, 4503599627370496.0, 1e22, 1e300,
-                       9999999.9999995, 0.9999995, 999.995, 0.0000005, 18014398509481.984}) {
+  for (double value : {0.0,
+                       -0.0,
+                       0.125,
+                       0.375,
+                       -0.125,
+                       0.5,
+                       1.5,
+                       2.5,
+                       -2.5,
+                       0.005,
+                       1e-7,
+                       4.9e-324,
+                       Limits::min(),
+                       Limits::max(),
+                       -Limits::max(),
+                       Limits::infinity(),
+                       -Limits::infinity(),
+                       4503599627370495.5,
+                       4503599627370496.0,
+                       1e22,
+                       1e300,
+                       9999999.9999995,
+                       0.9999995,
+                       999.995,
+                       0.0000005,
+                       18014398509481.984}) {
     expectAll(value);
   }
   EXPECT_EQ(fixedOf(0.125, 2), "0.12");

@@ -92,10 +92,10 @@ TEST(PathData, BecomesSubPaths) {
       {"M0 0 h5 v5 H0 V0", "0; [M(0,0) h(5) v(5) H(0) V(0)] c1 f0"},
       {"M0,0C1,2,3,4,5,6S7,8,9,10", "0; [M(0,0) C(1,2,3,4,5,6) S(7,8,9,10)] c0 f0"},
       {"M0 0q1 2 3 4t5 6", "0; [M(0,0) q(1,2,3,4) t(5,6)] c0 f0"},
-      {"M0 0L1 1,", "0; [M(0,0) L(1,1) L(0,0)] c1 f0"},   // a trailing comma is one more command
+      {"M0 0L1 1,", "0; [M(0,0) L(1,1) L(0,0)] c1 f0"},  // a trailing comma is one more command
       {"M0 0L.5.5 9 9", "0; [M(0,0) L(0.5,9) L(9,0)] c0 f0"},
       {"M1+2 3", "0; [M(1,3)] c1 f0"},
-      {"M0 0Z3", "0; [M(0,0) Z] c1 f0; [Z] c1 f0"},       // each byte closes once more
+      {"M0 0Z3", "0; [M(0,0) Z] c1 f0; [Z] c1 f0"},  // each byte closes once more
   };
   for (const PathRow& row : rows) EXPECT_EQ(parsed(row.text), row.expected) << row.text;
 }

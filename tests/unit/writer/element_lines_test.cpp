@@ -126,8 +126,9 @@ TEST(ElementLines, ClassAndReference) {
   rect.fill.packedColor = 0xff;
   WriterHarness harness;
   EXPECT_EQ(harness.write(kTagRect, rect), 0);
-  EXPECT_EQ(harness.text(),
-            R"~(   <rect class="a" x="0" y="0" width="0" height="0" style="&st12;" fill="#0000ff"  />)~");
+  EXPECT_EQ(
+      harness.text(),
+      R"~(   <rect class="a" x="0" y="0" width="0" height="0" style="&st12;" fill="#0000ff"  />)~");
 }
 
 TEST(ElementLines, WidthsAndDashes) {
@@ -159,9 +160,8 @@ TEST(ElementLines, WidthsAndDashes) {
   circle.fill.fillRule = 2;
   WriterHarness harness;
   EXPECT_EQ(harness.write(kTagCircle, circle), 0);
-  EXPECT_EQ(harness.text(),
-            R"~(   <circle cx="0.000"  cy="0.000" r="0.000" fill-rule="evenodd" )~"
-            R"~(stroke-dasharray="4.000000,2.500000"  />)~");
+  EXPECT_EQ(harness.text(), R"~(   <circle cx="0.000"  cy="0.000" r="0.000" fill-rule="evenodd" )~"
+                            R"~(stroke-dasharray="4.000000,2.500000"  />)~");
 }
 
 TEST(ElementLines, Line) {
@@ -197,10 +197,11 @@ TEST(ElementLines, EllipseTakesARotation) {
     ellipse.head.transformCount = 1;
     WriterHarness harness;
     EXPECT_EQ(harness.write(kTagEllipse, ellipse), 0);
-    EXPECT_EQ(harness.text(),
-              entry == &rotation
-                  ? R"~(   <ellipse cx="1.000"  cy="2.900" rx="3.000" ry="4.000"   transform="rotate(-30.000000 1 2)"/>)~"
-                  : R"~(   <ellipse cx="1.000"  cy="2.900" rx="3.000" ry="4.000"  />)~");
+    EXPECT_EQ(
+        harness.text(),
+        entry == &rotation
+            ? R"~(   <ellipse cx="1.000"  cy="2.900" rx="3.000" ry="4.000"   transform="rotate(-30.000000 1 2)"/>)~"
+            : R"~(   <ellipse cx="1.000"  cy="2.900" rx="3.000" ry="4.000"  />)~");
   }
 }
 
@@ -345,8 +346,9 @@ TEST(ElementLines, Text) {
               t.content = text("a");
               t.next = &second;
             }),
-            start + "\n    style=\"\">\n     a|"
-                    "   <tspan x=\"1.500\" y=\"2.250\" >\n     b\n   </tspan>|   </text>");
+            start +
+                "\n    style=\"\">\n     a|"
+                "   <tspan x=\"1.500\" y=\"2.250\" >\n     b\n   </tspan>|   </text>");
 }
 
 }  // namespace

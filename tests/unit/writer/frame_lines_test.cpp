@@ -111,8 +111,8 @@ TEST(FrameLines, TheOutermostSvgCarriesNamespacesWhenAsked) {
   const std::string outer =
       R"~(<svg xmlns="http://www.w3.org/2000/svg" xmlns:xlink="http://www.w3.org/1999/xlink")~"
       R"~( x="0" y="0" width="5" height="5">)~";
-  EXPECT_EQ(harness.text(), outer + R"~(|<svg x="0" y="0" width="5" height="5">|</svg>|</svg>|)~" +
-                                outer);
+  EXPECT_EQ(harness.text(),
+            outer + R"~(|<svg x="0" y="0" width="5" height="5">|</svg>|</svg>|)~" + outer);
 }
 
 _svg_style_props styleNamed(const char* name) {
@@ -196,10 +196,11 @@ TEST(FrameLines, Gradients) {
   gradient.stopCount = 1;
   WriterHarness linear;
   EXPECT_EQ(linear.write(29, gradient), 0);
-  EXPECT_EQ(linear.text(),
-            R"~(       <linearGradient id="grad1" gradientUnits="userSpaceOnUse" x1="0.0%" y1="0.0%" x2="100.0%" y2="0.0%" >|)~"
-            R"~(          <stop offset="49%" stop-color="rgb(1,2,3)" />|)~"
-            R"~(       </linearGradient>)~");
+  EXPECT_EQ(
+      linear.text(),
+      R"~(       <linearGradient id="grad1" gradientUnits="userSpaceOnUse" x1="0.0%" y1="0.0%" x2="100.0%" y2="0.0%" >|)~"
+      R"~(          <stop offset="49%" stop-color="rgb(1,2,3)" />|)~"
+      R"~(       </linearGradient>)~");
 
   initRadialGrad(&gradient);
   gradient.head.type = kTagRadialGradient;
@@ -213,12 +214,13 @@ TEST(FrameLines, Gradients) {
   gradient.head.transformCount = 1;
   WriterHarness radial;
   EXPECT_EQ(radial.write(29, gradient), 0);
-  EXPECT_EQ(radial.text(),
-            R"~(       <radialGradient id="grad1" gradientUnits="userSpaceOnUse" fx="30.0" fy="40.0" cx="50.0%" cy="50.0%" r="50.0%" )~"
-            R"~(spreadMethod="reflect" gradientTransform="matrix(1.0000,0.0000,0.0000,-1.0000,2.5000,3.0000)" >|)~"
-            R"~(          <stop offset="49%" stop-color="rgb(1,2,3)" />|)~"
-            R"~(          <stop offset="100%" stop-color="rgb(255,0,0)" stop-opacity="0.00" />|)~"
-            R"~(       </radialGradient>)~");
+  EXPECT_EQ(
+      radial.text(),
+      R"~(       <radialGradient id="grad1" gradientUnits="userSpaceOnUse" fx="30.0" fy="40.0" cx="50.0%" cy="50.0%" r="50.0%" )~"
+      R"~(spreadMethod="reflect" gradientTransform="matrix(1.0000,0.0000,0.0000,-1.0000,2.5000,3.0000)" >|)~"
+      R"~(          <stop offset="49%" stop-color="rgb(1,2,3)" />|)~"
+      R"~(          <stop offset="100%" stop-color="rgb(255,0,0)" stop-opacity="0.00" />|)~"
+      R"~(       </radialGradient>)~");
 }
 
 TEST(FrameLines, LinksWriteSevenKindsOfChildren) {
@@ -236,9 +238,8 @@ TEST(FrameLines, LinksWriteSevenKindsOfChildren) {
   link.objectCount = 2;
   WriterHarness harness;
   EXPECT_EQ(harness.write(kTagLink, link), 0);
-  EXPECT_EQ(harness.text(),
-            R"~(  <a xlink:href="u">|      <![CDATA[t]]>|)~"
-            R"~(   <circle cx="0.000"  cy="0.000" r="0.000"  />|  </a>)~");
+  EXPECT_EQ(harness.text(), R"~(  <a xlink:href="u">|      <![CDATA[t]]>|)~"
+                            R"~(   <circle cx="0.000"  cy="0.000" r="0.000"  />|  </a>)~");
 }
 
 TEST(FrameLines, GroupsWithAndWithoutAClass) {
