@@ -36,11 +36,12 @@ void freeLayers(EgfPageHeader* header) noexcept {
 }  // namespace
 
 HostHandle createTree(HostHandle document) {
-  auto* block = static_cast<EgfTreeBlock*>(RMM_CallocName(1, sizeof(EgfTreeBlock), RMM_SITE));
-  if (block == nullptr) return 0;
+  // The root comes first: its call may throw when faults are tried.
   _egf_obj* root = EEL_AllocObject(kClassGroup, RMM_SITE);
-  if (root == nullptr) {
-    RMM_Free(block);
+  if (root == nullptr) return 0;
+  auto* block = static_cast<EgfTreeBlock*>(RMM_CallocName(1, sizeof(EgfTreeBlock), RMM_SITE));
+  if (block == nullptr) {
+    EEL_DestroyObject(root);
     return 0;
   }
   block->header.sizeAndKind = kTreeBlockWord;

@@ -26,10 +26,10 @@ void freeStyleSet(WriterStyleSet*& set) {
   freeAll(set);
 }
 
-/// Null when memory ran out.
-WriterStyleSet* makeStyleSet() {
-  auto* set = allocateZeroed<WriterStyleSet>(RMM_SITE);
-  if (set == nullptr) return nullptr;
+/// Null when memory ran out. The writer owns what is there when the host throws under way.
+void makeStyleSet(WriterStyleSet*& set) {
+  set = allocateZeroed<WriterStyleSet>(RMM_SITE);
+  if (set == nullptr) return;
   bool complete = true;
   for (HostHandle& slot : set->slots) {
     slot = STYLE_Create();
@@ -40,7 +40,6 @@ WriterStyleSet* makeStyleSet() {
     complete = complete && set->seventh != 0;
   }
   if (!complete) freeStyleSet(set);
-  return set;
 }
 
 void freePools(CAdapterWriter& writer) {
@@ -92,7 +91,7 @@ int CAdapterWriter::OpenWriter(_adapterOpenWriter* record) {
   _handlerOpenWriter open{0, record->target};
   const int result = SVGH_OpenWriter(&open);
   handlerWriter = open.writer;
-  if (styleSet == nullptr) styleSet = makeStyleSet();
+  if (styleSet == nullptr) makeStyleSet(styleSet);
   if (gradientTable == 0) gradientTable = STYLE_Create();
   const bool complete = styleSet != nullptr && gradientTable != 0;
   return result == kOk && !complete ? static_cast<int>(kOutOfMemory) : result;
