@@ -11,13 +11,12 @@ namespace egfsvg {
 
 namespace {
 
+using detail::kExactInteger;
+using detail::kPowersOfTen;
+
 constexpr int kSafeDigits = 19;                       // always fit in 64 bits
-constexpr std::uint64_t kExactInteger = 1ULL << 53;   // integers up to here are exact doubles
 constexpr int kExactPower = 22;                       // powers of ten up to here are exact doubles
 constexpr std::int64_t kExponentCap = 1'000'000'000;  // far outside any double
-constexpr double kPowersOfTen[kExactPower + 1] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                                  1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
-                                                  1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 
 /// A number's text taken apart.
 struct Decimal {
@@ -95,6 +94,11 @@ double convert(const char* first, const char* last, const Decimal& number) {
 }  // namespace
 
 double decimalPrefix(const char* first, const char* last, const char** end) {
+  double plain = 0.0;
+  if (const char* plainEnd = plainDecimal(first, last, &plain)) {
+    if (end != nullptr) *end = plainEnd;
+    return plain;
+  }
   const char* at = skipWhite(first, last);
   const bool negative = takeSign(at, last);
   Decimal number;

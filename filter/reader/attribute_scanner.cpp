@@ -100,35 +100,50 @@ class ValueWriter {
   std::size_t length_ = 0;
 };
 
-/// An attribute in its usual form, name="value", that stands whole in the block and fits the pair:
-/// its code. Otherwise kOdd, with nothing taken.
-int readPlainPair(SourceCursor& source, _svg_attrib_pair& pair) {
-  const char* const end = source.end();
-  const char* at = source.at();
-  while (at != end && egfsvg::isWhite(*at)) ++at;
+/// Most names and values fit into so many bytes, which are copied at once.
+constexpr std::size_t kShortText = 32;
+static_assert(kShortText <= cBuffer::kSlack && kShortText < kAttribNameSize);
+
+/// Copies text of the block and terminates it. The target holds kShortText bytes at least.
+void copyText(char* to, const char* from, std::size_t length) {
+  if (length < kShortText) {
+    std::memcpy(to, from, kShortText);
+  } else {
+    std::memcpy(to, from, length);
+  }
+  to[length] = '\0';
+}
+
+/// An attribute in its usual form, name="value", or the end of the tag, that stands whole in the
+/// block and fits the pair: its code. Otherwise kOdd, with nothing taken.
+int readPlainPair(cBuffer& source, _svg_attrib_pair& pair) {
+  const char* at = source.unread();
+  const char* const end = source.unreadEnd();
+  if (at == end) return kOdd;
+  // The zero byte behind the block ends each walk.
+  while (egfsvg::isWhite(*at)) ++at;
   const char* const name = at;
-  while (at != end && !egfsvg::isScanned(*at, egfsvg::kOddInAttName)) ++at;
+  while (!egfsvg::isScanned(*at, egfsvg::kOddInAttName)) ++at;
   const auto nameLength = static_cast<std::size_t>(at - name);
   if (nameLength == 0) {
-    const bool slashed = end - at >= 2 && at[0] == '/' && at[1] == '>';
-    if (!slashed && (at == end || *at != '>')) return kOdd;
-    source.moveTo(at + (slashed ? 2 : 1));
+    const bool slashed = at[0] == '/' && at[1] == '>';
+    if (!slashed && *at != '>') return kOdd;
+    source.takeTo(at + (slashed ? 2 : 1));
     return egfsvg::kAttNoMore;
   }
-  if (nameLength >= kAttribNameSize - 1 || end - at < 3 || *at != '=') return kOdd;
+  const auto room = static_cast<std::size_t>(pair.valueSize);
+  if (*at != '=' || nameLength >= kAttribNameSize - 1 || room <= kShortText) return kOdd;
   const char quote = at[1];
   if (quote != '"' && quote != '\'') return kOdd;
   at += 2;
-  while (at != end && *at == ' ') ++at;
-  const void* close = at == end ? nullptr : std::memchr(at, quote, std::size_t(end - at));
+  while (*at == ' ') ++at;
+  const void* close = at >= end ? nullptr : std::memchr(at, quote, std::size_t(end - at));
   if (close == nullptr) return kOdd;
   const auto valueLength = static_cast<std::size_t>(static_cast<const char*>(close) - at);
-  if (valueLength + 1 >= static_cast<std::size_t>(pair.valueSize)) return kOdd;
-  std::memcpy(pair.name, name, nameLength);
-  pair.name[nameLength] = '\0';
-  std::memcpy(pair.value, at, valueLength);
-  pair.value[valueLength] = '\0';
-  source.moveTo(static_cast<const char*>(close) + 1);
+  if (valueLength + 1 >= room) return kOdd;
+  copyText(pair.name, name, nameLength);
+  copyText(pair.value, at, valueLength);
+  source.takeTo(static_cast<const char*>(close) + 1);
   return egfsvg::attributeCode(name, nameLength);
 }
 
@@ -176,8 +191,9 @@ ValueEnd readValue(SourceCursor& source, int quote, ValueWriter& value) {
   return ValueEnd::kSource;
 }
 
-/// Everything but the usual form, byte by byte.
-int readOddPair(SourceCursor& source, _svg_attrib_pair& pair) {
+/// Any form, byte by byte.
+int readOddPair(cBuffer& buffer, _svg_attrib_pair& pair) {
+  SourceCursor source(buffer);
   NameWriter name(pair);
   const NameEnd nameEnd = readName(source, name);
   name.finish('=');
@@ -220,18 +236,14 @@ bool readStyleValue(const char*& text, ValueWriter& value) {
 }  // namespace
 
 int CHandlerReader::GetNextAttribPair(_svg_attrib_pair* pair) {
-  SourceCursor source(buffer);
-  int code = readPlainPair(source, *pair);
-  if (code == kOdd) code = readOddPair(source, *pair);
+  int code = readPlainPair(buffer, *pair);
+  if (code == kOdd) code = readOddPair(buffer, *pair);
   if (code == egfsvg::kAttNoMore || code == egfsvg::kAttSyntaxError) return code;
   if (code == kNoMemory) {
     state.outOfMemory = true;
     return egfsvg::kAttSyntaxError;
   }
-  if (source.fileIndex() >= state.gaugeThreshold) {
-    source.sync();
-    UpdateGasGauge();
-  }
+  stepGauge();
   return code;
 }
 

@@ -55,6 +55,10 @@ constexpr double kPicasPerInch = 6.0;
 
 void parseLength(_svg_value* out, const char* first, const char* last) {
   while (first != last && isWhite(*first)) ++first;
+  if (plainDecimal(first, last, &out->value) == last && first != last) {
+    out->unit = kUnitPixel;
+    return;
+  }
   const char* unit = lengthNumberEnd(first, last);
   out->value = boundedDecimal(first, unit);
   out->unit = lengthUnit(unit, static_cast<std::size_t>(lengthUnitEnd(unit, last) - unit));

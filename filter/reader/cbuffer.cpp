@@ -64,7 +64,7 @@ void cBuffer::resetBuffer() {
 bool cBuffer::takeBlock() {
   unload();
   if (spareBlock_ == nullptr) {
-    spareBlock_ = static_cast<char*>(RMM_CallocName(kBlockSize, 1, RMM_SITE));
+    spareBlock_ = static_cast<char*>(RMM_CallocName(kBlockSize + kSlack, 1, RMM_SITE));
   }
   return spareBlock_ != nullptr;
 }
@@ -80,6 +80,7 @@ void cBuffer::fillBuffer(std::int32_t count) {
   spareBlock_ = nullptr;
   // Never past the length that was taken, should the file have grown.
   blockLen = std::clamp(got, 0, std::max(0, std::min(kBlockSize, fileLength - fileIndex)));
+  block[blockLen] = '\0';
 }
 
 bool cBuffer::loadNext() {

@@ -10,7 +10,8 @@
 class cBuffer {
  public:
   static constexpr std::int32_t kBlockSize = 4096;
-  static constexpr int kSourceEnd = -1;  // what nextByte gives at the end
+  static constexpr std::int32_t kSlack = 64;  // bytes behind a block that may be looked at
+  static constexpr int kSourceEnd = -1;       // what nextByte gives at the end
 
   cBuffer() = default;
   explicit cBuffer(HostHandle source);
@@ -50,6 +51,15 @@ class cBuffer {
     ++fileIndex;
     return static_cast<unsigned char>(block[blockPos++]);
   }
+  /// The unread bytes of the block, and where they end. Null, both, when nothing is loaded.
+  const char* unread() const { return block == nullptr ? nullptr : block + blockPos; }
+  const char* unreadEnd() const { return block == nullptr ? nullptr : block + blockLen; }
+  /// Takes the unread bytes up to `at`.
+  void takeTo(const char* at) {
+    const auto taken = static_cast<std::int32_t>(at - (block + blockPos));
+    blockPos += taken;
+    fileIndex += taken;
+  }
   /// False at the end of the source; otherwise the block holds the byte at the file index.
   bool loadNext();
 
@@ -68,16 +78,14 @@ namespace egfsvg {
 class SourceCursor {
  public:
   explicit SourceCursor(cBuffer& source) : source_(source) { restart(); }
-  ~SourceCursor() {
-    if (at_ != nullptr) sync();
-  }
+  ~SourceCursor() { sync(); }
   SourceCursor(const SourceCursor&) = delete;
   SourceCursor& operator=(const SourceCursor&) = delete;
 
   const char* at() const { return at_; }
   const char* end() const { return end_; }
   std::int32_t fileIndex() const {
-    return source_.fileIndex + static_cast<std::int32_t>(at_ - start());
+    return source_.fileIndex + static_cast<std::int32_t>(at_ - source_.unread());
   }
 
   /// The next byte, 0 to 255, or cBuffer::kSourceEnd.
@@ -103,21 +111,15 @@ class SourceCursor {
   }
   /// Tells the buffer how far the walk has come.
   void sync() {
-    const auto moved = static_cast<std::int32_t>(at_ - start());
-    source_.blockPos += moved;
-    source_.fileIndex += moved;
+    if (at_ != nullptr) source_.takeTo(at_);
   }
   /// Takes the buffer's position over.
   void restart() {
-    at_ = start();
-    end_ = source_.block == nullptr ? nullptr : source_.block + source_.blockLen;
+    at_ = source_.unread();
+    end_ = source_.unreadEnd();
   }
 
  private:
-  const char* start() const {
-    return source_.block == nullptr ? nullptr : source_.block + source_.blockPos;
-  }
-
   cBuffer& source_;
   const char* at_;
   const char* end_;

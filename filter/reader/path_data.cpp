@@ -120,6 +120,10 @@ int plainNumberEnd(const char* text, int first) {
   return i;
 }
 
+bool surelyEndsNumber(char c) {
+  return isWhite(c) || isLetter(c) || c == ',' || c == '-' || c == '\0';
+}
+
 int skipDigits(const char* text, int index) {
   while (isDigit(text[index])) ++index;
   return index;
@@ -327,6 +331,14 @@ int CHandlerReader::SetPathAtt(_svg_path* path, const char* d) {
 
 double CHandlerReader::GetNextPathCoord(const char* text, int& index) {
   const int first = egfsvg::skipToNumber(text, index);
+  double value = 0.0;
+  // The terminator ends any number.
+  const char* end = egfsvg::plainDecimal(text + first, nullptr, &value);
+  // Where a plain number ends at one of these, every rule ends it there.
+  if (end != nullptr && egfsvg::surelyEndsNumber(*end)) {
+    index = static_cast<int>(end - text);
+    return value;
+  }
   index = state.settings.compactNumbers ? egfsvg::compactNumberEnd(text, first)
                                         : egfsvg::plainNumberEnd(text, first);
   return egfsvg::decimalPrefix(text + first, text + index);

@@ -11,8 +11,16 @@ namespace egfsvg {
 namespace {
 
 // Kept: both coordinates refer to the width, and units in the text are not honoured.
-_svg_value coordinate(const char* first, const char* end) {
-  return pixels(decimalPrefix(first, end), kAxisWidth);
+const char* readCoordinate(_svg_value& out, const char* at, const char* last, NumberRule rule) {
+  out = pixels(0.0, kAxisWidth);
+  const char* end = plainDecimal(at, last, &out.value);
+  // Where a plain number ends at a separator, every rule ends it there.
+  if (end != nullptr && (end == last || isListSeparator(*end)) && end - at <= kListTokenSize) {
+    return end;
+  }
+  const NumberSpan span = rule(at, last);
+  out.value = decimalPrefix(at, span.end);
+  return span.next;
 }
 
 // A lone coordinate at the end counts for nothing. False without memory.
@@ -21,11 +29,9 @@ bool readPoints(GrowingArray<_svg_point>& points, const char* at, const char* la
   bool pending = false;
   _svg_point point{};
   for (at = skipListSeparators(at, last); at != last; at = skipListSeparators(at, last)) {
-    const NumberSpan span = rule(at, last);
-    (pending ? point.y : point.x) = coordinate(at, span.end);
+    at = readCoordinate(pending ? point.y : point.x, at, last, rule);
     if (pending && !points.push(point)) return false;
     pending = !pending;
-    at = span.next;
   }
   return true;
 }

@@ -27,9 +27,9 @@ struct TagName {
   const char* first = nullptr;  // in the block or in `copy`; good until the next refill
   std::int32_t length = 0;      // of the name, without what ended it
   int code = egfsvg::kTagNone;
-  int last = kSourceEnd;  // the byte that ended it
-  bool early = false;     // an opener that was known before its name had ended
-  char copy[kTagNameRoom];
+  int last = kSourceEnd;    // the byte that ended it
+  bool early = false;       // an opener that was known before its name had ended
+  char copy[kTagNameRoom];  // of a name that was read byte by byte
 };
 
 /// On to `wanted`, which is taken; false at the end of the source.
@@ -46,19 +46,23 @@ bool skipPast(SourceCursor& source, char wanted) {
   return false;
 }
 
-/// A plain name that stands whole in the block. False, with nothing taken, for any other.
-bool readPlainName(SourceCursor& source, TagName& name) {
-  const char* const first = source.at();
-  const char* const last = first + std::min<std::ptrdiff_t>(source.end() - first, kTagNameRoom - 1);
-  const char* at = first;
-  while (at != last && !egfsvg::isScanned(*at, egfsvg::kEndsTagName | egfsvg::kOddInTagName)) ++at;
-  if (at == last || egfsvg::isScanned(*at, egfsvg::kOddInTagName)) return false;
-  name.first = first;
-  name.length = static_cast<std::int32_t>(at - first);
+/// A tag whose name is plain and stands whole in the block: taken, up to the end of its name.
+/// False, with nothing taken, for any other.
+bool readPlainTag(cBuffer& source, TagName& name) {
+  const char* const first = source.unread();
+  const char* const end = source.unreadEnd();
+  const void* opener = first == end ? nullptr : std::memchr(first, '<', std::size_t(end - first));
+  if (opener == nullptr) return false;
+  name.first = static_cast<const char*>(opener) + 1;
+  const char* at = name.first;
+  // The zero byte behind the block ends the walk.
+  while (!egfsvg::isScanned(*at, egfsvg::kEndsTagName | egfsvg::kOddInTagName)) ++at;
+  if (egfsvg::isScanned(*at, egfsvg::kOddInTagName)) return false;
+  name.length = static_cast<std::int32_t>(at - name.first);
   name.last = static_cast<unsigned char>(*at);
-  const int code = egfsvg::tagCode(first, static_cast<std::size_t>(name.length));
+  const int code = egfsvg::tagCode(name.first, static_cast<std::size_t>(name.length));
   name.code = std::max<int>(code, egfsvg::kTagNone);
-  source.moveTo(at + 1);
+  source.takeTo(at + 1);
   return true;
 }
 
@@ -73,10 +77,12 @@ bool endEarly(TagName& name, int code) {
   return name.early = true;
 }
 
-/// Byte by byte. CDATA is known at once; a comment by the byte behind its opener, which is taken,
-/// also when the source ends there. False at the end of the source.
-bool readOddName(SourceCursor& source, TagName& name) {
+/// Any tag, byte by byte. CDATA is known at once; a comment by the byte behind its opener, which is
+/// taken, also when the source ends there. False at the end of the source.
+bool readOddTag(cBuffer& buffer, TagName& name) {
+  SourceCursor source(buffer);
   name.first = name.copy;
+  if (!skipPast(source, '<')) return false;
   for (;;) {
     if (opens(name, kCDataOpener, kCDataOpenerLength)) return endEarly(name, egfsvg::kTagCData);
     name.last = source.next();
@@ -110,23 +116,18 @@ void reportUnknown(const TagName& name, std::int32_t tagIndex) {
 }  // namespace
 
 int CHandlerReader::GetNextTag(int* index) {
-  SourceCursor source(buffer);
-  while (skipPast(source, '<')) {
+  for (;;) {
     TagName name;
-    if (!readPlainName(source, name) && !readOddName(source, name)) return egfsvg::kTagEnd;
+    if (!readPlainTag(buffer, name) && !readOddTag(buffer, name)) return egfsvg::kTagEnd;
     // Kept: CDATA is known one byte early, so its index is one before its "<".
-    const std::int32_t tagIndex = source.fileIndex() - name.length - 2;
+    const std::int32_t tagIndex = buffer.fileIndex - name.length - 2;
     if (index != nullptr) *index = tagIndex;
     if (name.early) return name.code;
     hasAttributes = name.last == '>' ? 0 : 1;
-    if (source.fileIndex() >= state.gaugeThreshold) {
-      source.sync();
-      UpdateGasGauge();
-    }
+    stepGauge();
     if (name.code != egfsvg::kTagNone) return name.code;
     if (state.reporting) reportUnknown(name, tagIndex);
   }
-  return egfsvg::kTagEnd;
 }
 
 int CHandlerReader::GetNextPoiterTag(char** name) {
