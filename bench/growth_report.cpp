@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <iterator>
 
 namespace egfsvg::bench {
 namespace {
 
 constexpr const char* kPeer = "peer";
-constexpr double kGrown = 2.0;  // sizes that differ less say nothing about growth
+constexpr const char* kMedian = "median";
+constexpr double kGrown = 2.0;  // drawings whose bytes differ less differ in depth
 
 std::vector<std::string> nameParts(const std::string& name) {
   std::vector<std::string> parts;
@@ -24,9 +26,13 @@ std::vector<std::string> nameParts(const std::string& name) {
 }  // namespace
 
 void GrowthReport::ReportRuns(const std::vector<Run>& runs) {
-  ConsoleReporter::ReportRuns(runs);
+  std::vector<Run> shown;
   for (const Run& run : runs) {
-    if (run.aggregate_name != "median" || run.error_occurred) continue;
+    if (run.error_occurred || run.aggregate_name == kMedian) shown.push_back(run);
+  }
+  if (!shown.empty()) ConsoleReporter::ReportRuns(shown);
+  for (const Run& run : shown) {
+    if (run.error_occurred) continue;
     const auto parts = nameParts(run.run_name.function_name);
     const auto bytes = run.counters.find("bytes");
     if (parts.size() != 3 || bytes == run.counters.end()) continue;
@@ -40,11 +46,25 @@ void GrowthReport::printGrowth(const std::string& way, const std::string& family
                                const Samples& samples) const {
   const auto bySize = [](const auto& a, const auto& b) { return a.second.bytes < b.second.bytes; };
   const auto [least, most] = std::minmax_element(samples.begin(), samples.end(), bySize);
-  if (most->second.bytes < kGrown * least->second.bytes) return;
+  if (most->second.bytes < kGrown * least->second.bytes) {
+    printDepth(way, family, samples);
+    return;
+  }
   const double exponent = std::log(most->second.seconds / least->second.seconds) /
                           std::log(most->second.bytes / least->second.bytes);
   std::printf("growth  %-8s %-8s %s to %s: time ~ size^%.3f\n", way.c_str(), family.c_str(),
               least->first.c_str(), most->first.c_str(), exponent);
+}
+
+void GrowthReport::printDepth(const std::string& way, const std::string& family,
+                              const Samples& samples) const {
+  if (samples.size() < 2) return;
+  const auto perByte = [](const Sample& sample) { return sample.seconds / sample.bytes; };
+  const auto shallow = samples.begin();
+  const auto deep = std::prev(samples.end());
+  std::printf("depth   %-8s %-8s %s to %s: time per byte x %.2f\n", way.c_str(), family.c_str(),
+              shallow->first.c_str(), deep->first.c_str(),
+              perByte(deep->second) / perByte(shallow->second));
 }
 
 void GrowthReport::printRatios(const std::string& way) const {

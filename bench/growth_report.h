@@ -1,5 +1,5 @@
-// Prints the usual console table, then one line for each family and way of reading: how time grows
-// with the size of the drawing, and how it stands beside the other program.
+// Prints the medians as the usual console table, then one line for each family and way of reading:
+// how time grows with the size of the drawing, and how it stands beside the other program.
 #pragma once
 
 #include <benchmark/benchmark.h>
@@ -26,6 +26,7 @@ class GrowthReport : public benchmark::ConsoleReporter {
   using Samples = std::map<std::string, Sample>;  // by size
 
   void printGrowth(const std::string& way, const std::string& family, const Samples& samples) const;
+  void printDepth(const std::string& way, const std::string& family, const Samples& samples) const;
   void printRatios(const std::string& way) const;
 
   std::map<std::string, std::map<std::string, Samples>> ways_;  // by way, then family
