@@ -13,6 +13,9 @@ struct AttNode {
   std::int32_t valueLength;  // with its terminator
   char* value;               // owned
   AttNode* next;
+
+  /// A chain of copies of this node and those behind it; null without memory.
+  AttNode* clone() const;
 };
 
 /// One element kept inside `defs` or a text run.

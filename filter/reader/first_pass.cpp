@@ -6,6 +6,7 @@
 #include "frame/result_codes.h"
 #include "model/lifecycle.h"
 #include "model/numbers.h"
+#include "model/rmm_allocator.h"
 #include "reader/svg_handlerreader.h"
 #include "reader/tag_table.h"
 
@@ -37,21 +38,28 @@ constexpr TagRow<FirstPassWork> kFirstPassRows[] = {
     {kTagUse,
      [](CHandlerReader& reader, int tag, _svg_style_props&) { reader.CreateLocalRefTable(tag); }},
     {kTagComment, [](CHandlerReader& reader, int, _svg_style_props&) { reader.FindCommentEnd(); }},
-    {kTagLinearGradient,
-     [](CHandlerReader& reader, int tag, _svg_style_props&) {
-       reader.ParseGradients(nullptr, tag);
+    {kTagStyle, [](CHandlerReader& reader, int,
+                   _svg_style_props& style) { reader.ParseStyleTagData(&style, nullptr); }},
+    {kTagEntity, [](CHandlerReader& reader, int,
+                    _svg_style_props& style) { reader.ParseEntityTagData(&style, nullptr); }},
+    {kTagXmlStylesheet,
+     [](CHandlerReader& reader, int, _svg_style_props& style) {
+       reader.ParseExternalStyleSheet(&style, nullptr);
      }},
-    {kTagRadialGradient,
-     [](CHandlerReader& reader, int tag, _svg_style_props&) {
-       reader.ParseGradients(nullptr, tag);
-     }},
+    {kTagLinearGradient, [](CHandlerReader& reader, int tag,
+                            _svg_style_props&) { reader.ParseGradients(nullptr, tag); }},
+    {kTagRadialGradient, [](CHandlerReader& reader, int tag,
+                            _svg_style_props&) { reader.ParseGradients(nullptr, tag); }},
 };
 constexpr TagTable<FirstPassWork> kFirstPassWorks(kFirstPassRows);
 
 /// Kept: not reset between style elements, so that after one of type text/css all are read as CSS.
 struct PassStyle {
   PassStyle() { initStyleProps(&props); }
-  ~PassStyle() { DestroyStyleElements(&props); }
+  ~PassStyle() {
+    freeAll(props.href);  // of a style element: nobody used it
+    DestroyStyleElements(&props);
+  }
   PassStyle(const PassStyle&) = delete;
   PassStyle& operator=(const PassStyle&) = delete;
 

@@ -6,7 +6,7 @@
 
 #include "host/settings.h"
 #include "model/values.h"
-#include "reader/rule_forms.h"
+#include "reader/rule_index.h"
 
 namespace egfsvg {
 
@@ -73,7 +73,7 @@ struct ReaderState {
   std::int32_t gaugeThreshold = 0;      // file index below which the gauge cannot move
   SpareBlocks values;                   // value blocks of attribute pairs
   SpareBlocks objects;                  // envelopes with their records
-  RuleForms ruleForms;                  // selectors that the style table holds
+  RuleIndex rules;                      // about the style table
 };
 
 /// An attribute pair whose value block is lent by the reader.

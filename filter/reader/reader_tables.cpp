@@ -91,7 +91,10 @@ void CHandlerReader::DestroyDefsTable() {
   defsCount = 0;
 }
 
-void CHandlerReader::DestroySVGStyleTable() { destroyTable(styles); }
+void CHandlerReader::DestroySVGStyleTable() {
+  destroyTable(styles);
+  state.rules.forget();
+}
 
 void CHandlerReader::DestroyLocalRefTable() {
   destroyTable(localRefs);

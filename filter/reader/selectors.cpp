@@ -50,7 +50,7 @@ struct Subject {
   bool hasRules() const {
     return element != nullptr && reader.styles.count != 0 && takesRules(type);
   }
-  RuleForms& forms() const { return reader.state.ruleForms; }
+  RuleIndex& forms() const { return reader.state.rules; }
   const Map<AttNode>& rules() const { return reader.styles; }
 
   template <class... Part>
@@ -150,7 +150,7 @@ int CHandlerReader::SetStyleBasedOnIDSelector(void* element, int type, const cha
 int CHandlerReader::SetStyleBasedOnClassSelector(void* element, int type, const char* text) {
   using namespace egfsvg;
   const Subject subject{*this, element, type};
-  if (text == nullptr || !subject.hasRules() || !state.ruleForms.classes(styles)) return 0;
+  if (text == nullptr || !subject.hasRules() || !state.rules.classes(styles)) return 0;
   const char* tag = tagName(type);
   ClassNameWalk names(text);
   for (std::string_view name = names.next(); !name.empty(); name = names.next()) {
@@ -179,7 +179,7 @@ int CHandlerReader::SetStyleBasedOnAttribSelector(void* element, int type, _svg_
   using namespace egfsvg;
   const Subject subject{*this, element, type};
   if (pair == nullptr || pair->value == nullptr || !subject.hasRules()) return 0;
-  if (!state.ruleForms.attributes(styles)) return 0;
+  if (!state.rules.attributes(styles)) return 0;
   const std::string_view name(pair->name);
   const std::string_view value(pair->value);
   const std::string_view equals("=\"");

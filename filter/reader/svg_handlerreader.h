@@ -200,11 +200,20 @@ class CHandlerReader {
   int readGradientAttributes(_svg_gradient* gradient);
   void readStops(_svg_gradient* gradient);
 
-  // Classes, style attributes, sheets and entities (svg_style.cpp, css_*.cpp).
+  // Classes, style attributes, sheets and entities (svg_style.cpp, style_element.cpp, entities.cpp,
+  // css_*.cpp).
   int SetClassNameAtt(_svg_common* head, _svg_attrib_pair* pair);
   int SetLocalStyleAtt(void* element, char* value, int type);
   int SkipCSScomment(const char* text, int index);
   int SkipCSScomment(char* current, cBuffer* source);
+  int ParseStyleTagData(_svg_style_props* style, _svg_common* owner);
+  int ParseEntityTagData(_svg_style_props* style, _svg_common* owner);
+  int ParseExternalStyleSheet(_svg_style_props* style, _svg_common* owner);
+  int ParseCSSFile(cBuffer* source);
+  int ParseCSSData();
+  int GetEntityData();
+  /// The caller gives an array of one name slot; it may move as it grows.
+  int ParseCSSstyleID(char* selector, char*** names);
 
   // The cascade (cascade.cpp, selectors.cpp, inheritance.cpp, text_inheritance.cpp).
   int SetAttribute(void* element, int type, AttNode* node);
