@@ -67,11 +67,12 @@ struct ShapePen {
   unsigned fillStyle;
   unsigned joinStyle;
   unsigned modeFlags;
+  bool open;  // its ends are to be seen
 };
 
 // Any pen record that names its fields so.
 template <class Pen>
-ShapePen shapePen(const Page& page, const Pen& pen) {
+ShapePen shapePen(const Page& page, const Pen& pen, bool open) {
   const __meas width = pen.lineWidth;
   return {pixelLength(page, width.unit, width.value),
           pen.strokeColor,
@@ -79,7 +80,12 @@ ShapePen shapePen(const Page& page, const Pen& pen) {
           pen.lineStyle,
           pen.fillStyle,
           pen.joinStyle,
-          pen.modeFlags};
+          pen.modeFlags,
+          open};
+}
+
+bool isOpen(const _egf_gdi_fillparms_tag& pen) {
+  return egfsvg::FigureBits::get(pen.modeFlags) == egfsvg::kFigureOpen;
 }
 
 struct ShapeGradients {
@@ -113,12 +119,10 @@ Fill shapeFill(const Page& page, const ShapePen& pen, const Extended& extended,
 
 bool isDrawnWidth(double width) { return width > 0 && std::isfinite(width); }
 
-// Without an extended record an open figure has round ends, and a closed one's dashes butt ends.
+// Without an extended record the ends of an open figure are round, and those of dashes butt.
 cairo_line_cap_t shapeCap(const ShapePen& pen, const Extended& extended) {
   if (extended) return capOf(extended->startCap);
-  const bool open =
-      egfsvg::FigureBits::get(static_cast<std::uint8_t>(pen.modeFlags)) == egfsvg::kFigureOpen;
-  return open ? CAIRO_LINE_CAP_ROUND : CAIRO_LINE_CAP_BUTT;
+  return pen.open ? CAIRO_LINE_CAP_ROUND : CAIRO_LINE_CAP_BUTT;
 }
 
 Stroke shapeStroke(const Page& page, const ShapePen& pen, const Extended& extended,
@@ -193,20 +197,20 @@ Stroke openStroke(const Page& page, const Object& object, cairo_line_join_t join
 
 ShapePaints polygonPaints(const Page& page, const egfsvg::EgfPolygon& polygon) {
   return shapePaints(
-      page, shapePen(page, polygon.pen), polygon.fillParmsNo,
+      page, shapePen(page, polygon.pen, isOpen(polygon.pen)), polygon.fillParmsNo,
       {polygon.fillGradientNo, polygon.strokeGradientNo, polygon.gradPts, polygon.gradPtCount});
 }
 
 ShapePaints ellipsePaints(const Page& page, const egfsvg::EgfEllipse& ellipse) {
   return shapePaints(
-      page, shapePen(page, ellipse.pen), ellipse.fillParmsNo,
+      page, shapePen(page, ellipse.pen, false), ellipse.fillParmsNo,
       {ellipse.fillGradientNo, ellipse.strokeGradientNo, ellipse.gradPts, ellipse.gradPtCount});
 }
 
 ShapePaints pathPaints(const Page& page, const egfsvg::EgfPath& path) {
   const auto pen = penParms(page, path.gdiFillStyleNo);
   if (!pen) return {};
-  return shapePaints(page, shapePen(page, *pen), path.fillParmsNo,
+  return shapePaints(page, shapePen(page, *pen, isOpen(*pen)), path.fillParmsNo,
                      {path.fillGradientNo, path.strokeGradientNo, path.gradPts, path.gradPtCount});
 }
 

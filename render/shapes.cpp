@@ -49,12 +49,14 @@ void addPolygon(Outline& outline, const egfsvg::EgfPolygon& polygon) {
 void addEllipse(Outline& outline, const egfsvg::EgfEllipse& ellipse) {
   const Point center = pixelsOf(ellipse.center);
   const Point corner = pixelsOf(ellipse.radiusPt);
-  const EllipseArc arc{.center = center,
-                       .rx = std::abs(corner.x - center.x),
-                       .ry = std::abs(corner.y - center.y),
-                       .start = ellipse.startAngle,
-                       .end = ellipse.endAngle,
-                       .rotation = ellipse.pen.ellipseRotation};
+  EllipseArc arc{.center = center,
+                 .rx = std::abs(corner.x - center.x),
+                 .ry = std::abs(corner.y - center.y),
+                 .start = ellipse.startAngle,
+                 .end = ellipse.endAngle,
+                 .rotation = ellipse.pen.ellipseRotation};
+  // A whole ellipse runs clockwise, as in SVG 1.1; its dashes show it.
+  arc.backwards = arc.isWhole();
   addArc(outline, arc);
   if (arc.isWhole()) outline.close();
 }

@@ -132,6 +132,15 @@ TEST(Paints, KnowCapsJoinsAndTheFillRule) {
   }
 }
 
+// An ellipse has no ends, so that its dashes have none either.
+TEST(Paints, GiveAnEllipseButtCaps) {
+  TestPage page;
+  const auto* record = as<EgfEllipse>(page.add(ellipse(5, 5, 3, 3, {.width = 2})));
+  const Stroke stroke = ellipsePaints(page.page(), *record).stroke;
+  ASSERT_TRUE(stroke.has_value());
+  EXPECT_EQ(stroke->cap, CAIRO_LINE_CAP_BUTT);
+}
+
 TEST(Paints, TakeALinesStrokeFromPenAndRecord) {
   struct Row {
     std::uint8_t rasterOp, cap;
