@@ -98,7 +98,7 @@ class NameIndex {
       const std::size_t i = slots_[at] - 1U;
       if (lengths_[i] != length) continue;
       if (equalBytes(text, lower_[i].data(), length)) return static_cast<int>(i);
-      if (equalsNoCase(text, length, lower_[i].data())) return static_cast<int>(i);
+      if (equalsFolded(text, lower_[i], length)) return static_cast<int>(i);
     }
     return -1;
   }
@@ -112,7 +112,16 @@ class NameIndex {
   }
 
  private:
-  std::array<std::array<char, kIndexedNameSize>, Count> lower_{};
+  using Text = std::array<char, kIndexedNameSize>;
+
+  static constexpr bool equalsFolded(const char* text, const Text& name, std::size_t length) {
+    for (std::size_t i = 0; i < length; ++i) {
+      if (lower(text[i]) != name[i]) return false;
+    }
+    return true;
+  }
+
+  std::array<Text, Count> lower_{};
   std::array<std::uint8_t, Count> lengths_{};
   std::array<std::uint8_t, Slots> slots_{};
   std::size_t longest_ = 0;
