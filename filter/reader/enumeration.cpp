@@ -284,7 +284,9 @@ void CHandlerReader::endRead() {
 
 int CHandlerReader::EnumerateData(_handlerEnumData* record, QV_FILEID* file) {
   beginRead();
-  buffer.setFileHandle(record->source);
+  const bool opened = buffer.setFileHandle(record->source) == 0;
+  // Without a block nothing could be told from an empty source.
+  if (opened && buffer.block == nullptr) return kOutOfMemory;
   StartGasGauge(record->source, file == nullptr ? nullptr : file->baseName);
   ParseStyleSheetsAndReferences();
   pass = 2;

@@ -172,6 +172,7 @@ int CHandlerReader::SetLinkedStopTags(_svg_gradient* gradient) {
   gradient->stops = stops;
   for (std::int32_t i = 0; i < target->stopCount; ++i) {
     stops[i] = target->stops[i];
+    stops[i].head.parent = &gradient->head;  // the target may be replaced by one of the same id
     gradient->stopCount = i + 1;
     if (!ownTexts(&stops[i])) return -1;
   }

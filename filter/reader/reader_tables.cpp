@@ -96,10 +96,8 @@ void CHandlerReader::DestroySVGStyleTable() {
   state.rules.forget();
 }
 
-void CHandlerReader::DestroyLocalRefTable() {
-  destroyTable(localRefs);
-  localRefCount = 0;
-}
+/// Kept: no counter goes with it, so names are counted over all reads.
+void CHandlerReader::DestroyLocalRefTable() { destroyTable(localRefs); }
 
 void CHandlerReader::DestroyGradientTable() { destroyTable(gradients); }
 

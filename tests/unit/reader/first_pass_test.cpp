@@ -179,5 +179,17 @@ TEST(FirstPass, DoesNotFail) {
   }
 }
 
+TEST(FirstPass, LinkedStopsBelongToTheirOwnGradient) {
+  TextReader reader(
+      "<linearGradient id=\"a\"><stop offset=\"1\"/></linearGradient>"
+      "<linearGradient id=\"b\" xlink:href=\"#a\"></linearGradient>"
+      "<linearGradient id=\"a\"></linearGradient>");
+  EXPECT_EQ(reader->ParseStyleSheetsAndReferences(), 0);
+  const _svg_gradient* linked = reader->gradients.find("#b");
+  ASSERT_NE(linked, nullptr);
+  ASSERT_EQ(linked->stopCount, 1);
+  EXPECT_EQ(linked->stops[0].head.parent, &linked->head);
+}
+
 }  // namespace
 }  // namespace egfsvg::test

@@ -273,6 +273,16 @@ TEST(LocalRefs, DefsTellWhereTargetsLie) {
   });
 }
 
+TEST(LocalRefs, NamesAreCountedOverAllReads) {
+  TextSource source("<svg><use xlink:href=\"#a\"/><use xlink:href=\"#b\"/></svg>");
+  CHandlerReader reader;
+  readWith(reader, source.stream());
+  EXPECT_EQ(reader.localRefs.count, 0);
+  EXPECT_EQ(reader.localRefCount, 2);
+  readWith(reader, source.stream());
+  EXPECT_EQ(reader.localRefCount, 4);
+}
+
 TEST(LocalRefs, LongNamesAreKeptWhole) {
   const std::string id(6000, 'i');
   EXPECT_EQ(
