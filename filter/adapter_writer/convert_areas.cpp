@@ -120,7 +120,7 @@ void CAdapterWriter::SetSVGCircle(_egf_obj* object, _svg_circle* record) {
   const UserScale scale = scaleOf(*this);
   setPixels(record->cx, scale.x(ellipse.center.x));
   setPixels(record->cy, scale.y(ellipse.center.y));
-  setPixels(record->r, scale.mean() * wholeRadius(ellipse.radiusPt.x, ellipse.center.x) *
-                           kPerSpaceUnit);
+  setPixels(record->r,
+            scale.mean() * wholeRadius(ellipse.radiusPt.x, ellipse.center.x) * kPerSpaceUnit);
   setEllipsePaint(*this, ellipse, fillParms(*this, ellipse.fillParmsNo), record);
 }

@@ -38,8 +38,8 @@ LineEnds endsOf(const EgfArrowLine& arrow) {
 
 /// One base, the tip, the other base, and for a closed head the first base again.
 template <class Record>
-void setHeadPoints(CAdapterWriter& writer, const EgfArrowLine& arrow, int which,
-                   std::int32_t count, Record* record) {
+void setHeadPoints(CAdapterWriter& writer, const EgfArrowLine& arrow, int which, std::int32_t count,
+                   Record* record) {
   if (!makePoints(writer, record, count)) return;
   const _mpl_spacept_tag* p = arrow.headPts;
   const _mpl_spacept_tag atStart[] = {p[2], arrow.startPt, p[3], p[2]};

@@ -47,9 +47,11 @@ void setViewport(const UserScale& scale, const _mpl_spacept_tag* corners, _svg_s
 
 /// The corners of a viewport rectangle, null when the object is none.
 const _mpl_spacept_tag* viewportCorners(const _egf_obj& object) {
-  if (object.objClass != kClassBox && object.objClass != kClassPolygon) return nullptr;
+  const bool box = object.objClass == kClassBox;
+  if (!box && object.objClass != kClassPolygon) return nullptr;
   const auto& polygon = *as<EgfPolygon>(&object);
-  if (polygon.pointCount != kRectCorners) return nullptr;
+  const std::int32_t count = polygon.pointCount;
+  if (box ? count <= kOppositeCorner : count != kRectCorners) return nullptr;
   const PointArray points = polygon.points;
   return points.get();
 }

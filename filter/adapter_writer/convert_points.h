@@ -9,9 +9,8 @@ namespace egfsvg {
 /// Gives the record a new array of points; false, which the driver tells, without memory.
 template <class Record>
 bool makePoints(CAdapterWriter& writer, Record* record, std::int32_t count) {
-  record->points = count > 0
-                       ? allocateArray<_svg_point>(static_cast<std::size_t>(count), RMM_SITE)
-                       : nullptr;
+  record->points =
+      count > 0 ? allocateArray<_svg_point>(static_cast<std::size_t>(count), RMM_SITE) : nullptr;
   if (record->points == nullptr) {
     writer.state.outOfMemory = writer.state.outOfMemory || count > 0;
     return false;

@@ -10,9 +10,7 @@ namespace egfsvg {
 namespace {
 
 /// The writer that a pool is enumerated for.
-CAdapterWriter& writerOf(const _adapterWriteData& data) {
-  return *at<CAdapterWriter>(data.writer);
-}
+CAdapterWriter& writerOf(const _adapterWriteData& data) { return *at<CAdapterWriter>(data.writer); }
 
 /// Fills a style record and writes it; its name is released with it.
 template <class SetProps>

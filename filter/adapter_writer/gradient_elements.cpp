@@ -106,9 +106,9 @@ int CAdapterWriter::SetGradProps(const awriter::_svg_gradient_parms* pooled,
   radial ? setRadial(*pooled, gradient) : setLinear(*this, *pooled, gradient);
   std::uint32_t size = 0;
   void* record = nullptr;
-  const int result = STYLE_QueryData(documentTable(*this, kStyleGradient),
-                                     static_cast<std::uint32_t>(pooled->gradientNo), &size,
-                                     &record);
+  const int result =
+      STYLE_QueryData(documentTable(*this, kStyleGradient),
+                      static_cast<std::uint32_t>(pooled->gradientNo), &size, &record);
   if (result != 0) return result;
   const auto& ramp = *static_cast<const _egf_gdiplus_gradientparms_tag*>(record);
   const std::int32_t count =
@@ -125,8 +125,8 @@ int CAdapterWriter::_setGradientTransform(_svg_gradient* gradient, _egf_matrix_t
   _svg_value* args = setTransform(*this, gradient->head, kMatrix, kMatrixArgs);
   if (args == nullptr) return -1;
   const UserScale scale = scaleOf(*this);
-  const double values[kMatrixArgs] = {matrix.m11, matrix.m12, matrix.m21, matrix.m22,
-                                      scale.x(matrix.dx), scale.x(matrix.dy)};
+  const double values[kMatrixArgs] = {matrix.m11, matrix.m12,         matrix.m21,
+                                      matrix.m22, scale.x(matrix.dx), scale.x(matrix.dy)};
   for (std::int32_t i = 0; i < kMatrixArgs; ++i) args[i] = pixels(values[i]);
   return 0;
 }

@@ -21,7 +21,7 @@ static_assert(sizeof(_svg_gradient_parms) == 88);
 
 namespace egfsvg {
 
-inline constexpr awriter::_svg_gradient_parms kGradientParmsTemplate{
-    .spreadMethod = -1, .gradientUnits = -1};
+inline constexpr awriter::_svg_gradient_parms kGradientParmsTemplate{.spreadMethod = -1,
+                                                                     .gradientUnits = -1};
 
 }  // namespace egfsvg

@@ -75,8 +75,7 @@ int poolGradient(CAdapterWriter& writer, const Parms* parms, std::uint32_t gradi
     setVector(scale, points, &record);
     if (form.angleIsSet) writer._setDirectionalLineAngle(&record, form.angle);
   }
-  return static_cast<int>(
-      STYLE_AppendUnique(writer.gradientTable, sizeof record, &record));
+  return static_cast<int>(STYLE_AppendUnique(writer.gradientTable, sizeof record, &record));
 }
 
 }  // namespace

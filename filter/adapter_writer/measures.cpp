@@ -10,15 +10,24 @@ double CAdapterWriter::QVUnitToSVG(std::uint32_t unit, double value, double reso
   using namespace egfsvg;
   constexpr double kCentimetresPerInch = 2.54;
   switch (unit) {
-    case kMeasureInch: return resolution * value;
-    case kMeasureCentimetre: return resolution / kCentimetresPerInch * value;
-    case kMeasureMillimetre: return resolution / kCentimetresPerInch / 10.0 * value;
-    case kMeasureMetre: return resolution / kCentimetresPerInch * 100.0 * value;
-    case kMeasureFoot: return resolution * 12.0 * value;
-    case kMeasurePoint: return resolution / 72.0 * value;
-    case kMeasureTwip: return resolution / 1440.0 * value;
-    case kMeasurePixel200: return 200.0 / resolution * value;
-    default: return value;
+    case kMeasureInch:
+      return resolution * value;
+    case kMeasureCentimetre:
+      return resolution / kCentimetresPerInch * value;
+    case kMeasureMillimetre:
+      return resolution / kCentimetresPerInch / 10.0 * value;
+    case kMeasureMetre:
+      return resolution / kCentimetresPerInch * 100.0 * value;
+    case kMeasureFoot:
+      return resolution * 12.0 * value;
+    case kMeasurePoint:
+      return resolution / 72.0 * value;
+    case kMeasureTwip:
+      return resolution / 1440.0 * value;
+    case kMeasurePixel200:
+      return 200.0 / resolution * value;
+    default:
+      return value;
   }
 }
 

@@ -47,8 +47,11 @@ int polygonType(const EgfPolygon& polygon) {
 int CAdapterWriter::_getSvgObjType(_egf_obj* object) {
   using namespace egfsvg;
   switch (EGF_GetObjectClass(object)) {
-    case kClassEllipse: return ellipseType(*as<EgfEllipse>(object));
-    case kClassPolygon: return polygonType(*as<EgfPolygon>(object));
-    default: return kTagNone;
+    case kClassEllipse:
+      return ellipseType(*as<EgfEllipse>(object));
+    case kClassPolygon:
+      return polygonType(*as<EgfPolygon>(object));
+    default:
+      return kTagNone;
   }
 }

@@ -1,10 +1,10 @@
 // Codes of the host as SVG's: joins, caps, fill rules, spread methods.
 
+#include "model/paint_codes.h"
+#include "adapter_writer/svg_adapterwriter.h"
 #include "host/egf_codes.h"
 #include "model/codes.h"
 #include "model/numbers.h"
-#include "model/paint_codes.h"
-#include "adapter_writer/svg_adapterwriter.h"
 
 namespace egfsvg {
 namespace {
@@ -23,9 +23,12 @@ using namespace egfsvg;
 
 int CAdapterWriter::_setSvgLineJoin(int joinStyle) {
   switch (joinStyle) {
-    case kJoinRound: return kJoinCodeRound;
-    case kJoinBevel: return kJoinCodeBevel;
-    default: return kJoinCodeMiter;
+    case kJoinRound:
+      return kJoinCodeRound;
+    case kJoinBevel:
+      return kJoinCodeBevel;
+    default:
+      return kJoinCodeMiter;
   }
 }
 
@@ -42,9 +45,12 @@ void CAdapterWriter::_setSvgLineJoin(_svg_pa_stroke& stroke, int joinStyle,
 
 int CAdapterWriter::_setSvgLineCap(int capStyle) {
   switch (capStyle) {
-    case kCapSquare: return kCapCodeSquare;
-    case kCapRound: return kCapCodeRound;
-    default: return kCapCodeButt;
+    case kCapSquare:
+      return kCapCodeSquare;
+    case kCapRound:
+      return kCapCodeRound;
+    default:
+      return kCapCodeButt;
   }
 }
 

@@ -20,8 +20,8 @@ double resolutionOf(const CAdapterWriter& writer) {
 
 /// Gaps are negative in the host's records.
 double segmentLength(const _egf_dash_record& dash, std::int32_t index) {
-  const auto length = readPacked<double>(dash.segments,
-                                         static_cast<std::size_t>(index) * sizeof(double));
+  const auto length =
+      readPacked<double>(dash.segments, static_cast<std::size_t>(index) * sizeof(double));
   return index % 2 == 0 ? length : -length;
 }
 

@@ -42,7 +42,7 @@ class CAdapterWriter {
   HostHandle gradientTable = 0;  // of awriter::_svg_gradient_parms
   std::int32_t svgWidth = 0;     // of the outermost viewport in pixels, 0 when not known
   std::int32_t svgHeight = 0;
-  HostHandle view = 0;  // the view's map: set by the whole-file layer after opening
+  HostHandle view = 0;                  // the view's map: set by the whole-file layer after opening
   double xFactor = kDefaultResolution;  // device units per inch
   double yFactor = kDefaultResolution;
   egfsvg::WriterState state;  // ours: what one write keeps
@@ -81,13 +81,25 @@ class CAdapterWriter {
   double QVUnitToSVG(std::uint32_t unit, double value, double resolution);
   void PolylineOutsideMer(_egf_obj* object, _mpl_spacerect_tag* bounds);
 
+  // Paths (svgawritepath.cpp, subpath_walk.cpp, path_wrappers.cpp, path_groups.cpp). A record
+  // without subpaths is not to be written, whatever the result.
+  int _setPathCommandsData(_svg_singlepath** paths, int* count, _egf_obj* object);
+  int _createSubPath(_svg_singlepath** paths, _svg_singlepath** subPath, int* count);
+  int _moveTo(_svg_point* current, _svg_point* start, const _svg_point* target,
+              _svg_singlepath* subPath);
+  int SetSVGPathForPath(_egf_obj* object, _svg_path* record);
+  int SetSVGPathForElips(_egf_obj* object, _svg_path* record);
+  int SetSVGPathForArc(_egf_obj* object, _svg_path* record);
+  /// Without a style object the path takes the style of the group around it.
+  int SetSVGPathForPolygon(_egf_obj* styleObject, _svg_path* record, _egf_obj* polygon);
+  int _transferSVGPathArray(_handlerWriteObject* envelope, _egf_obj* object, int groups);
+
   // Styles (svgawriteatt.cpp, paint_codes.cpp, style_props.cpp, strokes.cpp) and gradients
   // (gradients.cpp, gradient_elements.cpp). Style numbers of 0 are none; `parms` may be null.
   void SetStyleProps(std::uint32_t size, const void* pooled, _svg_style_props* props);
   void SetStyleProps(const _egf_gdi_fillparms_tag* pen, _svg_style_props* props);
-  int STYLE_GradParmsAppendUnique(const _egf_gdiplus_fillparms_tag* parms,
-                                  std::uint32_t gradientNo, const _mpl_spacept_tag* points,
-                                  int pointCount);
+  int STYLE_GradParmsAppendUnique(const _egf_gdiplus_fillparms_tag* parms, std::uint32_t gradientNo,
+                                  const _mpl_spacept_tag* points, int pointCount);
   int STYLE_GradParmsAppendUnique(const _egf_gdiplus_stroke_parms_tag* parms,
                                   std::uint32_t gradientNo, const _mpl_spacept_tag* points,
                                   int pointCount);

@@ -19,22 +19,22 @@ double opacityOfFill(int fillStyle, double full, double partial) {
     case kFillOpaque:
     case kFillOpaqueAlternate:
     case kFillLinear:
-    case kFillRadial: return full;
-    case kFillPartial: return partial;
-    default: return kTransparent;
+    case kFillRadial:
+      return full;
+    case kFillPartial:
+      return partial;
+    default:
+      return kTransparent;
   }
 }
 
-bool isGradientFill(int fillStyle) {
-  return fillStyle == kFillLinear || fillStyle == kFillRadial;
-}
+bool isGradientFill(int fillStyle) { return fillStyle == kFillLinear || fillStyle == kFillRadial; }
 
 /// Opacities of an element from its extended parameters, or without them by the fill style alone.
 void setOpacities(_svg_pa_fill& fill, _svg_pa_stroke& stroke,
                   const _egf_gdiplus_fillparms_tag* parms, int fillStyle) {
   const double fillAlpha = parms == nullptr ? kOpaque : parms->fillAlpha / kAlphaSteps;
-  fill.fillOpacity =
-      opacityOfFill(fillStyle, fillAlpha, parms == nullptr ? kHalf : fillAlpha);
+  fill.fillOpacity = opacityOfFill(fillStyle, fillAlpha, parms == nullptr ? kHalf : fillAlpha);
   stroke.strokeOpacity = parms == nullptr ? kOpaque : parms->strokeAlpha / kAlphaSteps;
 }
 

@@ -2,10 +2,8 @@
 
 #include "adapter_writer/transfer.h"
 
-#include <algorithm>
-
+#include "adapter_writer/nesting.h"
 #include "adapter_writer/unsupported.h"
-#include "host/diagnostics.h"
 #include "host/egf.h"
 #include "host/egf_bits.h"
 #include "host/egf_codes.h"
@@ -23,12 +21,14 @@ int transferNothing(const Transfer&) { return kOk; }
 constexpr ClassRow kClasses[] = {
     {kClassNone, transferNothing},
     {kClassGroup, transferGroup},
+    {kClassArc, transferArc},
     {kClassLine, transferLine},
     {kClassEllipse, transferEllipse},
     {kClassArrowLine, transferArrowLine},
     {kClassPolyline, transferPolyline},
     {kClassPolygon, transferPolygon},
     {kClassStockObject, transferStockObject},
+    {kClassPath, transferPath},
 };
 
 constexpr auto transferOf(int objClass) {
@@ -52,35 +52,6 @@ bool isOutput(const CAdapterWriter& writer, const _egf_obj& object) {
   if (layer != nullptr && (layer->shown != 1 || layer->suppressed != 0)) return false;
   return ViewportBits::get(object.objAttr2) == 0 && OutputBits::get(object.objAttr) != 0;
 }
-
-/// Objects inside objects. A tree that was read always fits.
-constexpr std::uint32_t kNestingMargin = 16;
-constexpr std::uint32_t kDeepestNesting = 10000;  // what the stack bears
-
-std::uint32_t deepestTree() {
-  return std::min(maxNesting(), kDeepestNesting) + kNestingMargin;
-}
-
-class OpenObject {
- public:
-  explicit OpenObject(WriterState& state) : state_(state) { ++state_.depth; }
-  ~OpenObject() { --state_.depth; }
-  OpenObject(const OpenObject&) = delete;
-  OpenObject& operator=(const OpenObject&) = delete;
-
-  /// False, with a message the first time, beyond the deepest tree.
-  bool fits() {
-    if (state_.depth <= deepestTree()) return true;
-    if (!state_.limitReported) {
-      logDiagnostic(Diagnostic::kNestingLimit, kNoSourceOffset, "g", RMM_SITE);
-    }
-    state_.limitReported = true;
-    return false;
-  }
-
- private:
-  WriterState& state_;
-};
 
 }  // namespace
 

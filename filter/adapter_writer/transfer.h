@@ -37,6 +37,12 @@ int transferEllipse(const Transfer& t);
 int transferPolyline(const Transfer& t);
 int transferPolygon(const Transfer& t);
 
+/// Paths, and what is written as one (transfer_paths.cpp).
+int transferPath(const Transfer& t);
+int transferArc(const Transfer& t);
+int transferOpenEllipse(const Transfer& t);
+int transferPolyPath(const Transfer& t);
+
 int transferUnsupported(const Transfer& t);
 
 }  // namespace egfsvg

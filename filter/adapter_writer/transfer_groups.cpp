@@ -48,25 +48,28 @@ int transferPlainGroup(const Transfer& t) {
 /// in depth and in all.
 class OpenStock {
  public:
-  explicit OpenStock(WriterState& state) : state_(state) {
-    ++state_.stockDepth;
-    ++state_.stockObjects;
-  }
+  explicit OpenStock(WriterState& state) : state_(state) { ++state_.stockDepth; }
   ~OpenStock() { --state_.stockDepth; }
   OpenStock(const OpenStock&) = delete;
   OpenStock& operator=(const OpenStock&) = delete;
 
+  /// False, with a message the first time, beyond a limit.
   bool fits() {
-    const bool deep = state_.stockDepth > maxReferenceDepth();
-    if (!deep && state_.stockObjects <= maxReferencedObjects()) return true;
-    const auto limit =
-        deep ? Diagnostic::kReferenceDepthLimit : Diagnostic::kReferencedObjectsLimit;
+    if (state_.stockDepth > maxReferenceDepth()) return report(Diagnostic::kReferenceDepthLimit);
+    if (state_.stockObjects >= maxReferencedObjects()) {
+      return report(Diagnostic::kReferencedObjectsLimit);
+    }
+    ++state_.stockObjects;
+    return true;
+  }
+
+ private:
+  bool report(Diagnostic limit) {
     if (!state_.limitReported) logDiagnostic(limit, kNoSourceOffset, "g", RMM_SITE);
     state_.limitReported = true;
     return false;
   }
 
- private:
   WriterState& state_;
 };
 

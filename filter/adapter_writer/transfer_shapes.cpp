@@ -20,14 +20,22 @@ struct ShapeRow {
   int (*write)(const Transfer&, std::int32_t tag);
 };
 
+/// A form that chooses its own record.
+template <int (*kTransfer)(const Transfer&)>
+int writeOther(const Transfer& t, std::int32_t) {
+  return kTransfer(t);
+}
+
 using W = CAdapterWriter;
 
 constexpr ShapeRow kEllipseForms[] = {
+    {kTagPath, writeOther<transferOpenEllipse>},
     {kTagCircle, writeShape<_svg_circle, &W::SetSVGCircle>},
     {kTagEllipse, writeShape<_svg_ellipse, &W::SetSVGEllipse>},
 };
 
 constexpr ShapeRow kPolygonForms[] = {
+    {kTagPath, writeOther<transferPolyPath>},
     {kTagRect, writeShape<_svg_rect, &W::SetSVGRect>},
     {kTagPolyline, writeShape<_svg_polyline, &W::SetSVGPlineForPgon>},
     {kTagPolygon, writeShape<_svg_polygon, &W::SetSVGPolygon>},
@@ -46,9 +54,8 @@ int writeForm(const Transfer& t, const ShapeRow (&rows)[N]) {
 }  // namespace
 
 int transferLine(const Transfer& t) {
-  return writeElement<_svg_line>(t, kTagLine, [&](_svg_line* record) {
-    return t.writer.SetSVGLine(t.object, record) == 0;
-  });
+  return writeElement<_svg_line>(
+      t, kTagLine, [&](_svg_line* record) { return t.writer.SetSVGLine(t.object, record) == 0; });
 }
 
 int transferPolyline(const Transfer& t) {

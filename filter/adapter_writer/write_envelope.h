@@ -79,6 +79,7 @@ int writeElement(CAdapterWriter& writer, const _adapterWriteData& data, std::int
                  Fill&& fill) {
   WriteEnvelope<Record> envelope(writer, data, tag);
   if (!envelope) return kOutOfMemory;
+  writer.state.outOfMemory = false;
   const bool wanted = fill(envelope.record());
   if (writer.state.outOfMemory) return kOutOfMemory;
   return wanted ? envelope.write() : kOk;

@@ -6,7 +6,7 @@
 namespace egfsvg {
 
 struct WriterState {
-  bool outOfMemory = false;        // a converter could not have what its record needs
+  bool outOfMemory = false;        // the record at hand could not have what it needs
   std::uint32_t depth = 0;         // open objects
   std::uint32_t stockDepth = 0;    // standard objects inside standard objects
   std::uint32_t stockObjects = 0;  // standard objects expanded so far

@@ -43,24 +43,43 @@ _mpl_spacept_tag* allocatePoints(int count) {
       RMM_AllocName(static_cast<std::size_t>(count), sizeof(_mpl_spacept_tag), RMM_SITE));
 }
 
-_mpl_spacept_tag* discretizeCircle(const _mpl_spacept_tag& center, double radius,
-                                   std::int32_t start, std::int32_t end, unsigned int* count) {
+/// A circle's arc in equal steps. Lengths are pixels, angles radians.
+struct CircleSteps {
+  double cx;
+  double cy;
+  double radius;
+  double first;
+  double step;
+  int segments;
+
+  _mpl_spacept_tag at(int index) const {
+    const double angle = first + index * step;
+    return {static_cast<float>((cx + std::cos(angle) * radius) * kSpaceUnits),
+            static_cast<float>((cy - std::sin(angle) * radius) * kSpaceUnits)};
+  }
+};
+
+CircleSteps circleSteps(const _mpl_spacept_tag& center, double radius, std::int32_t start,
+                        std::int32_t end) {
   const double radians = sweepDegrees(start, end) * kArcRadiansPerDegree;
   const double pixels = radius / kSpaceUnits;
   const int segments = std::max({segmentCount(segmentsBySize(radians, pixels + pixels)),
                                  segmentCount(radians / kRadiansPerSegment), 1});
-  _mpl_spacept_tag* points = allocatePoints(segments + 1);
+  return {static_cast<double>(center.x) / kSpaceUnits,
+          static_cast<double>(center.y) / kSpaceUnits,
+          pixels,
+          degrees(start) * kArcRadiansPerDegree,
+          radians / segments,
+          segments};
+}
+
+_mpl_spacept_tag* discretizeCircle(const _mpl_spacept_tag& center, double radius,
+                                   std::int32_t start, std::int32_t end, unsigned int* count) {
+  const CircleSteps steps = circleSteps(center, radius, start, end);
+  _mpl_spacept_tag* points = allocatePoints(steps.segments + 1);
   if (points == nullptr) return nullptr;
-  const double first = degrees(start) * kArcRadiansPerDegree;
-  const double step = radians / segments;
-  const double cx = static_cast<double>(center.x) / kSpaceUnits;
-  const double cy = static_cast<double>(center.y) / kSpaceUnits;
-  for (int i = 0; i <= segments; ++i) {
-    const double angle = first + i * step;
-    points[i] = {static_cast<float>((cx + std::cos(angle) * pixels) * kSpaceUnits),
-                 static_cast<float>((cy - std::sin(angle) * pixels) * kSpaceUnits)};
-  }
-  *count = static_cast<unsigned int>(segments) + 1;
+  for (int i = 0; i <= steps.segments; ++i) points[i] = steps.at(i);
+  *count = static_cast<unsigned int>(steps.segments) + 1;
   return points;
 }
 
@@ -84,21 +103,31 @@ double polarStep(const _mpl_spacept_tag& center, double rx, double ry) {
   return step >= kLeastStep ? step : kLeastStep;
 }
 
+/// An ellipse's arc in radians; a whole one goes round once.
+struct PolarRange {
+  double first;
+  double last;
+};
+
+PolarRange polarRange(std::int32_t start, std::int32_t end) {
+  if ((std::int64_t{end} - start) % kFullTurn == 0) return {0.0, kFullTurnRadians};
+  const double first = radiansOf(degrees(start));
+  const double last = radiansOf(degrees(end));
+  return {first, last < first ? last + kFullTurnRadians : last};
+}
+
 _mpl_spacept_tag* discretizeEllipse(const _mpl_spacept_tag& center, double rx, double ry,
                                     std::int32_t start, std::int32_t end, unsigned int* count) {
-  const bool whole = (std::int64_t{end} - start) % kFullTurn == 0;
-  const double first = whole ? 0.0 : radiansOf(degrees(start));
-  double last = whole ? kFullTurnRadians : radiansOf(degrees(end));
-  if (last < first) last += kFullTurnRadians;
+  const PolarRange range = polarRange(start, end);
   const double step = polarStep(center, rx, ry);
-  const int room = segmentCount((last - first) / step) + 3;
+  const int room = segmentCount((range.last - range.first) / step) + 3;
   _mpl_spacept_tag* points = allocatePoints(room);
   if (points == nullptr) return nullptr;
   int used = 0;
-  for (double angle = first; angle < last && used < room - 1; angle += step) {
+  for (double angle = range.first; angle < range.last && used < room - 1; angle += step) {
     points[used++] = polarPoint(center, rx, ry, angle);
   }
-  points[used++] = polarPoint(center, rx, ry, last);
+  points[used++] = polarPoint(center, rx, ry, range.last);
   *count = static_cast<unsigned int>(used);
   return points;
 }
@@ -111,6 +140,19 @@ _mpl_spacept_tag* discretizePolarArc(const _mpl_spacept_tag& center, float rx, f
   if (rx == ry) return discretizeCircle(center, static_cast<double>(rx), start, end, count);
   return discretizeEllipse(center, static_cast<double>(rx), static_cast<double>(ry), start, end,
                            count);
+}
+
+ArcEndPoints polarArcEnds(const _mpl_spacept_tag& center, float rx, float ry, std::int32_t start,
+                          std::int32_t end) {
+  if (rx == ry) {
+    const CircleSteps steps = circleSteps(center, static_cast<double>(rx), start, end);
+    return {steps.at(0), steps.at(steps.segments)};
+  }
+  const PolarRange range = polarRange(start, end);
+  const auto point = [&](double angle) {
+    return polarPoint(center, static_cast<double>(rx), static_cast<double>(ry), angle);
+  };
+  return {point(range.first), point(range.last)};
 }
 
 _mpl_spacept_tag* discretizeTurnedArc(const _mpl_spacept_tag& center, float rx, float ry,

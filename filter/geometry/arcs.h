@@ -14,6 +14,14 @@ namespace egfsvg {
 _mpl_spacept_tag* discretizePolarArc(const _mpl_spacept_tag& center, float rx, float ry,
                                      std::int32_t start, std::int32_t end, unsigned int* count);
 
+/// The first and the last point of the same arc, without the ones between.
+struct ArcEndPoints {
+  _mpl_spacept_tag first;
+  _mpl_spacept_tag last;
+};
+ArcEndPoints polarArcEnds(const _mpl_spacept_tag& center, float rx, float ry, std::int32_t start,
+                          std::int32_t end);
+
 /// An arc by the parameters of an ellipse whose axes are turned by `rotation` (radians, SVG
 /// 1.1 x-axis-rotation). At least one segment for each degree and a half.
 _mpl_spacept_tag* discretizeTurnedArc(const _mpl_spacept_tag& center, float rx, float ry,
