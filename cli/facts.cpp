@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "cli/module.h"
+#include "frame/result_codes.h"
 #include "host/egf_rows.h"
 #include "host/palettes.h"
 #include "host/style_tables.h"
@@ -42,6 +44,17 @@ std::vector<StyleFacts> styleFacts(HostHandle document, const EgfPageHeader& hea
   return facts;
 }
 
+// The resolution that the file's comment names, as it stands there.
+std::string resolutionComment(Source& source) {
+  _handlerOpenReader open{0, source.stream()};
+  if (filterModule().openHandler(&open) != kOk) return {};
+  _handlerPreprocess preprocess{open.reader, {}, source.stream()};
+  const std::int32_t code = filterModule().preprocessHandler(&preprocess);
+  _handlerCloseReader close{open.reader};
+  filterModule().closeHandler(&close);
+  return code == kOk ? preprocess.text : "";
+}
+
 }  // namespace
 
 DrawingFacts factsOf(Source& source, const Options& options) {
@@ -49,6 +62,7 @@ DrawingFacts factsOf(Source& source, const Options& options) {
   facts.file = source.name();
   facts.compressed = source.input().compressed();
   facts.bytes = source.input().bytes();
+  facts.comment = resolutionComment(source);
   PageReader reader(source, options);
   for (int page = 1; page <= reader.pageCount(); ++page) {
     reader.read(page);

@@ -27,6 +27,7 @@ struct DrawingFacts {
   bool compressed = false;
   std::uint64_t bytes = 0;  // unpacked
   double resolution = 0;    // dots per inch
+  std::string comment;      // the resolution that the file names, empty when it names none
   std::vector<PageFacts> pages;
   std::vector<StyleFacts> styles;
   std::uint64_t colours = 0;

@@ -5,7 +5,9 @@
 #include "cli/background.h"
 #include "cli/dump.h"
 #include "cli/failure.h"
+#include "cli/output_taker.h"
 #include "cli/page_reader.h"
+#include "cli/svg_output.h"
 #include "render/picture.h"
 
 namespace egfsvg {
@@ -20,34 +22,13 @@ egfrender::PictureOptions pictureOptions(const Options& options) {
   return {options.zoom, backgroundColour(options.background)};
 }
 
-// Hands bytes to an output. What it throws waits until cairo has returned.
-class OutputTaker {
- public:
-  explicit OutputTaker(OutputFile& output) : output_(output) {}
-
-  bool take(std::string_view bytes) {
-    if (fault_) return false;
-    try {
-      output_.write(bytes);
-      return true;
-    } catch (...) {
-      fault_ = std::current_exception();
-      return false;
-    }
-  }
-
-  // Throws what the output threw, or a Failure when the picture failed by itself.
-  void finish(bool written, const std::string& name) {
-    if (fault_) std::rethrow_exception(fault_);
-    if (written) return;
-    throw Failure(ExitCode::kInternal,
-                  name + ": the picture could not be made; try a smaller --zoom");
-  }
-
- private:
-  OutputFile& output_;
-  std::exception_ptr fault_;
-};
+// Throws when the picture was not made, or not taken.
+void finishPicture(const OutputTaker& taker, bool written, const std::string& name) {
+  taker.rethrow();
+  if (written) return;
+  throw Failure(ExitCode::kInternal,
+                name + ": the picture could not be made; try a smaller --zoom");
+}
 
 [[noreturn]] void failSize(const std::string& name, const std::string& size) {
   throw Failure(ExitCode::kLimit, name + ": the picture would be " + size +
@@ -63,7 +44,7 @@ void writePng(Source& source, const Options& options, OutputFile& output) {
   try {
     const bool written = egfrender::writePng(
         reader.page(), picture, [&](std::string_view bytes) { return taker.take(bytes); });
-    taker.finish(written, source.name());
+    finishPicture(taker, written, source.name());
   } catch (const egfrender::PictureTooLarge& size) {
     failSize(source.name(), size.what());
   }
@@ -79,10 +60,12 @@ void writePdf(Source& source, const Options& options, OutputFile& output) {
     reader.read(page);
     pdf.addPage(reader.page());
   }
-  taker.finish(pdf.finish(), source.name());
+  finishPicture(taker, pdf.finish(), source.name());
 }
 
-constexpr std::array<OutputFormat, 3> kFormats{{
+constexpr std::array<OutputFormat, 5> kFormats{{
+    {".svg", writePlainSvg},
+    {".svgz", writeCompressedSvg},
     {".json", writeJson},
     {".png", writePng},
     {".pdf", writePdf},

@@ -39,7 +39,8 @@ std::string inWords(const DrawingFacts& facts) {
   std::string text = facts.file + "\n";
   text += "  source      " + std::to_string(facts.bytes) + " bytes" +
           (facts.compressed ? ", compressed (gzip)" : ", not compressed") + "\n";
-  text += "  resolution  " + inDigits(facts.resolution) + " dpi\n";
+  text += "  resolution  " + inDigits(facts.resolution) + " dpi";
+  text += facts.comment.empty() ? "\n" : " (the file names " + facts.comment + ")\n";
   text += "  pages       " + std::to_string(facts.pages.size()) + "\n";
   for (const PageFacts& page : facts.pages) {
     text += "  " + page.name + "      " + sizeOf(page) + " pixels; " + listOf(page.objects) + "\n";
@@ -91,6 +92,8 @@ void writeFacts(JsonWriter& json, const DrawingFacts& facts) {
   json.member("bytes", facts.bytes);
   json.member("compressed", facts.compressed);
   json.member("resolution", facts.resolution);
+  json.key("resolutionComment");
+  facts.comment.empty() ? json.null() : json.value(facts.comment);
   json.key("pages");
   writePages(json, facts);
   json.key("styles");

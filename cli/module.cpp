@@ -54,6 +54,9 @@ FilterModule load() {
   find(library, "SVGH_EnumerateData", module.enumerateData);
   find(library, "SVGH_QueryProperty", module.queryHandler);
   find(library, "SVGH_CloseReader", module.closeHandler);
+  find(library, "SVGH_PreprocessSource", module.preprocessHandler);
+  find(library, "iSVG_CreateDynaLoadResource", module.createResource);
+  find(library, "iSVG_WriteFile", module.writeFile);
   return module;
 }
 

@@ -1,6 +1,7 @@
 // The filter module, loaded by its exported names alone.
 #pragma once
 
+#include "dyna/svgdyna.h"
 #include "frame/svghinterface.h"
 
 namespace egfsvg {
@@ -18,6 +19,10 @@ struct FilterModule {
   decltype(&SVGH_QueryProperty) queryHandler;
   decltype(&SVGH_EnumerateData) enumerateData;
   decltype(&SVGH_CloseReader) closeHandler;
+  decltype(&SVGH_PreprocessSource) preprocessHandler;
+
+  decltype(&iSVG_CreateDynaLoadResource) createResource;
+  decltype(&iSVG_WriteFile) writeFile;
 };
 
 // Loaded at the first call: from $EGFSVG_MODULE, beside the tool, or in ../lib/egfsvg. Throws a

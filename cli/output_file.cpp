@@ -53,6 +53,7 @@ class StreamOutput : public OutputFile {
   void write(std::string_view bytes) override { writeAll(descriptor_, bytes, path_); }
   void commit() override {}
   const std::string& workingPath() const override { return none_; }
+  const std::string& path() const override { return path_; }
 
  private:
   std::string path_;
@@ -70,6 +71,7 @@ class ReplacingOutput : public OutputFile {
     if (!temporary_.write(bytes)) failWriting(path_, errno);
   }
   const std::string& workingPath() const override { return temporary_.path(); }
+  const std::string& path() const override { return path_; }
 
   void commit() override {
     if (!temporary_.close()) failWriting(path_, errno);

@@ -22,6 +22,9 @@ class OutputFile : public ByteSink {
 
   // The path of the file that takes the bytes now, for those who write by name; empty for a stream.
   virtual const std::string& workingPath() const = 0;
+
+  // The path that was asked for; "-" is standard output.
+  virtual const std::string& path() const = 0;
 };
 
 // Creates a directory and those above it. Throws a Failure (73).

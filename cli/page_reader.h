@@ -36,6 +36,7 @@ class PageReader {
 
   egfrender::Page page() const;
   HostHandle document() const { return document_.get(); }
+  HostHandle view() const { return view_.get(); }
   const _sel_colour_list* palette() const;
 
  private:

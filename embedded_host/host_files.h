@@ -36,6 +36,11 @@ EGFHOST_API HostHandle openOutput(const std::string& path, std::string* why = nu
 // Writes go to the end of *target, which must outlive the stream.
 EGFHOST_API HostHandle openMemoryOutput(std::string name, std::string* target);
 
+// Writes are handed on in their order, a block at a time and the last one when the stream is
+// closed; the taker returns false to refuse. The name stands for the file that it is going to be.
+using ByteTaker = std::function<bool(std::string_view bytes)>;
+EGFHOST_API HostHandle openTakenOutput(std::string name, ByteTaker taker);
+
 // Closes an output without keeping what was written.
 EGFHOST_API void discardOutput(HostHandle stream);
 

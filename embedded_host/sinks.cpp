@@ -58,6 +58,19 @@ std::int64_t MemorySink::length() const {
   return static_cast<std::int64_t>(target_->size() - start_);
 }
 
+bool TakerSink::flush() {
+  const bool taken = block_.empty() || taker_(block_);
+  block_.clear();
+  return taken;
+}
+
+bool TakerSink::write(std::int64_t position, const char* bytes, std::size_t count) {
+  if (position != length_) return false;
+  block_.append(bytes, count);
+  length_ += static_cast<std::int64_t>(count);
+  return block_.size() < kBufferSize || flush();
+}
+
 FileSink::FileSink(FileDescriptor file, std::string path, std::string target)
     : file_(std::move(file)), path_(std::move(path)), target_(std::move(target)) {
   buffer_.reserve(kBufferSize);

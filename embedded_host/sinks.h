@@ -4,7 +4,9 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <utility>
 
+#include "embedded_host/host_files.h"
 #include "embedded_host/sources.h"
 
 namespace egfhost {
@@ -31,6 +33,25 @@ class MemorySink : public Sink {
  private:
   std::string* target_;
   std::size_t start_;
+};
+
+// Hands bytes on in their order, a block at a time.
+class TakerSink : public Sink {
+ public:
+  explicit TakerSink(ByteTaker taker) : taker_(std::move(taker)) {}
+
+  // At the end of what was written alone.
+  bool write(std::int64_t position, const char* bytes, std::size_t count) override;
+  std::int64_t length() const override { return length_; }
+  bool keep() override { return flush(); }
+  void discard() override { block_.clear(); }
+
+ private:
+  bool flush();
+
+  ByteTaker taker_;
+  std::string block_;
+  std::int64_t length_ = 0;
 };
 
 class FileSink : public Sink {

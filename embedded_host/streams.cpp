@@ -132,11 +132,22 @@ HostHandle openMemory(std::string name, std::string bytes, std::string folder) {
   return openStream(makeHostObject<FileObject>(RMM_SITE, id, std::move(shared)), std::move(source));
 }
 
-HostHandle openMemoryOutput(std::string name, std::string* target) {
+namespace {
+
+HostHandle openSink(const std::string& name, std::unique_ptr<Sink> sink) {
   QV_FILEID id;
   if (!makeFileId(name, id)) return 0;
-  std::unique_ptr<Sink> sink = std::make_unique<MemorySink>(target);
   return openStream(makeHostObject<FileObject>(RMM_SITE, id), std::move(sink));
+}
+
+}  // namespace
+
+HostHandle openMemoryOutput(std::string name, std::string* target) {
+  return openSink(name, std::make_unique<MemorySink>(target));
+}
+
+HostHandle openTakenOutput(std::string name, ByteTaker taker) {
+  return openSink(name, std::make_unique<TakerSink>(std::move(taker)));
 }
 
 }  // namespace egfhost
