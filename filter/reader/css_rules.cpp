@@ -1,5 +1,6 @@
 #include "reader/css_rules.h"
 
+#include "host/diagnostics.h"
 #include "model/characters.h"
 #include "model/rmm_allocator.h"
 #include "reader/rule_store.h"
@@ -47,6 +48,13 @@ class RuleReader {
       : reader_(reader), source_(source), end_(end) {}
 
   int read();
+  /// Tells where the sheet could not be understood.
+  void reportRule() {
+    for (char& c : selector_) c = isWhite(c) ? ' ' : c;
+    const bool whole = selector_.push('\0');
+    logDiagnostic(Diagnostic::kBadStyleRule, static_cast<std::uint32_t>(reader_.buffer.fileIndex),
+                  whole ? selector_.data() : nullptr, RMM_SITE);
+  }
 
  private:
   enum class Selector { kRead, kSheetEnds, kFailed };
@@ -214,7 +222,10 @@ void RuleReader::storeRule() {
 }  // namespace
 
 int readCssRules(CHandlerReader& reader, CssSource& source, SheetEnd end) {
-  return RuleReader(reader, source, end).read();
+  RuleReader rules(reader, source, end);
+  const int result = rules.read();
+  if (result != 0) rules.reportRule();
+  return result;
 }
 
 }  // namespace egfsvg

@@ -18,6 +18,14 @@ namespace {
 constexpr char kPageMarker[] = "Page_";
 constexpr std::size_t kPageNumberAt = sizeof kPageMarker - 1;  // in "Page 1" and in "Page_1"
 
+/// The five that need no declaration; they stand for characters, which are nothing here.
+bool isPredefinedEntity(const char* name) {
+  for (const char* known : {"lt", "gt", "amp", "quot", "apos"}) {
+    if (std::strcmp(name, known) == 0) return true;
+  }
+  return false;
+}
+
 /// One read of a source.
 class Enumeration {
  public:
@@ -223,7 +231,7 @@ void Enumeration::entityReference() {
   _svg_localref* found = reader_.localRefs.find(entityName_);
   if (found != nullptr) {
     takeNested(reader_.EnumeratePtrData(delivery_.record(), parent_, found));
-  } else {
+  } else if (!isPredefinedEntity(entityName_)) {
     report(reader_, Diagnostic::kUnresolvedEntity, entityName_, RMM_SITE);
   }
 }

@@ -8,6 +8,7 @@
 #include "model/characters.h"
 #include "model/name_tables.h"
 #include "model/numbers.h"
+#include "reader/reports.h"
 
 namespace egfsvg {
 
@@ -103,12 +104,13 @@ char* referenceText(const char* value) {
 }
 
 /// Replaces the reference of a paint; the gradient is null when none is found.
-void setReference(const Map<_svg_gradient>& gradients, const char* value, char*& url,
+void setReference(const CHandlerReader& reader, const char* value, char*& url,
                   _svg_gradient*& gradient) {
   char* text = referenceText(value);
   freeAll(url);
   url = text;
-  gradient = text == nullptr ? nullptr : gradients.find(text);
+  gradient = text == nullptr ? nullptr : reader.gradients.find(text);
+  if (gradient == nullptr) report(reader, Diagnostic::kUnresolvedReference, text, RMM_SITE);
 }
 
 /// A stored colour as "rgb(r,g,b)", with black and white in their places again.
@@ -188,7 +190,7 @@ int CHandlerReader::SetFillPatt(_svg_pa_fill* group, _svg_attrib_pair* pair) {
   using namespace egfsvg;
   if (group == nullptr || !hasValue(pair) || isInherit(pair)) return 0;
   if (isReference(pair->value)) {
-    setReference(gradients, pair->value, group->fillUrl, group->fillGradient);
+    setReference(*this, pair->value, group->fillUrl, group->fillGradient);
     if (group->fillGradient == nullptr) group->fillOpacity = 0.0;
     if (group->fillGradient != nullptr && group->fillOpacity == 0.0) group->fillOpacity = 1.0;
     return 0;
@@ -209,7 +211,7 @@ int CHandlerReader::SetStrokePatt(_svg_pa_stroke* group, _svg_attrib_pair* pair)
   using namespace egfsvg;
   if (group == nullptr || !hasValue(pair) || isInherit(pair)) return 0;
   if (isReference(pair->value)) {
-    setReference(gradients, pair->value, group->strokeUrl, group->strokeGradient);
+    setReference(*this, pair->value, group->strokeUrl, group->strokeGradient);
     group->strokePresent = 1;
     return 0;
   }

@@ -6,6 +6,7 @@
 #include "model/rmm_allocator.h"
 #include "reader/cascade.h"
 #include "reader/class_names.h"
+#include "reader/reports.h"
 #include "reader/svg_handlerreader.h"
 
 namespace egfsvg {
@@ -29,6 +30,11 @@ const char* skipGaps(CHandlerReader& reader, const char* at) {
     at += reader.SkipCSScomment(at, 0);
     if (at == first) return at;
   }
+}
+
+/// Tells of a property that is not known. The names of other programs start with a dash.
+void reportProperty(const CHandlerReader& reader, const char* name) {
+  if (name[0] != '-') report(reader, Diagnostic::kUnknownProperty, name, RMM_SITE);
 }
 
 /// Applies the entity behind "&"; returns what follows its ";".
@@ -78,6 +84,7 @@ int CHandlerReader::SetLocalStyleAtt(void* element, char* value, int type) {
     const int code = GetNextAttribPair(&at, &scratch.pair);
     if (code == kAttSyntaxError) return kNothingToRead;
     if (code == kAttNoMore) return 0;
+    if (code == kAttUnknown) reportProperty(*this, scratch.pair.name);
     if (code != kAttStyle) applyStyleAttribute(*this, element, type, code, &scratch.pair);
   }
 }

@@ -6,6 +6,7 @@
 #include "model/name_tables.h"
 #include "model/rmm_allocator.h"
 #include "reader/number_scan.h"
+#include "reader/reports.h"
 #include "reader/svg_handlerreader.h"
 #include "reader/transforms.h"
 
@@ -104,14 +105,20 @@ int CHandlerReader::SetTransformAtt(_svg_common* head, _svg_attrib_pair* pair) {
   while (at != last && head->transformCount < kMaxTransforms) {
     const auto* bracket =
         static_cast<const char*>(std::memchr(at, '(', static_cast<std::size_t>(last - at)));
-    if (bracket == nullptr) return 0;
-    const int row = functionRow(at, bracket);
-    if (row < 0) return 0;
+    const int row = bracket == nullptr ? -1 : functionRow(at, bracket);
+    if (row < 0) {
+      report(*this, Diagnostic::kBadTransform, at, RMM_SITE);
+      return 0;
+    }
     transformEntry* entry =
         appendTransform(head, SVG_TRANSFORMATION_KINDS[row], SVG_TRANSFORMATION_ARGUMENTS[row]);
     if (entry == nullptr) return kOutOfMemory;
     at = readArguments(*entry, bracket + 1, last, rule);
     if (at != last) at = skipWhite(at + 1, last);
+  }
+  if (at != last) {
+    char name[kElementNameSize];
+    reportLimit(*this, Diagnostic::kTransformListLimit, elementName(head->type, name), RMM_SITE);
   }
   return 0;
 }
