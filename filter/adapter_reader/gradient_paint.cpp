@@ -58,16 +58,13 @@ struct GradientJob {
 
   bool radial() const {
     parms->wrapMode = _egf_wrapmode_tag::kRadial;
-    _mpl_spacept_tag* points = nullptr;
+    _mpl_spacept_tag* ring = nullptr;
     unsigned int count = 0;
     unsigned int steps = 1;
-    const bool ok = adapter.SetGradientPath(map, bounds, gradient, &points, &count, &steps) == 0 &&
-                    adapter.SetInterpolationColours(gradient, record, steps) == 0;
-    if (!ok) {
-      RMM_Free(points);
-      return false;
-    }
-    storePoints(object, points, count);
+    const int placed = adapter.SetGradientPath(map, bounds, gradient, &ring, &count, &steps);
+    RmmOwner<_mpl_spacept_tag> points(ring);
+    if (placed != 0 || adapter.SetInterpolationColours(gradient, record, steps) != 0) return false;
+    storePoints(object, points.release(), count);
     markRadial(parms);
     return true;
   }

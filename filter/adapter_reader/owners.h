@@ -6,6 +6,13 @@
 
 namespace egfsvg {
 
+/// Hands an object over to a group or path. It stays its owner's when the host refuses it.
+inline bool handOver(_egf_obj* parent, ObjectOwner& object) {
+  if (EEL_AppendObject(parent, object.get()) != 0) return false;
+  (void)object.release();
+  return true;
+}
+
 /// The map of one element.
 class MapOwner {
  public:

@@ -19,8 +19,7 @@ void enterContainer(CAdapterReader& adapter, HostHandle container) {
 
 /// A page that was broken off may have left its groups open. When a host call throws, what was set
 /// up so far is taken back.
-PageScope::PageScope(CAdapterReader& adapter, const _adapterReadData& record)
-    : PageScope(adapter) {
+PageScope::PageScope(CAdapterReader& adapter, const _adapterReadData& record) : PageScope(adapter) {
   openGroups = {};
   releaseGroupStack(adapter);
   adapter.viewportWidth = 0.0F;

@@ -33,7 +33,7 @@ class BezierPathBuilder final : public PathSink {
   bool isPlainArc(const ArcEnds& ends, const ArcCenter& arc) const;
   bool putArc(const ArcEnds& ends, const ArcCenter& arc);
   bool putArcCurve(const ArcEnds& ends, const ArcCenter& arc);
-  bool putCurve(_mpl_spacept_tag* points, int count);
+  bool putCurve(RmmOwner<_mpl_spacept_tag> points, int count);
   bool addToRun(PlanePoint point);
   bool attachRun();
   void freeRun();

@@ -4,12 +4,13 @@
 #include <cmath>
 
 #include "adapter_reader/owners.h"
+#include "adapter_reader/page.h"
 #include "adapter_reader/path_builder.h"
+#include "adapter_reader/point_arrays.h"
 #include "adapter_reader/svg_adapterreader.h"
 #include "geometry/elliptic_arc.h"
 #include "host/egf_templates.h"
 #include "host/memory.h"
-#include "host/resolution.h"
 
 namespace egfsvg {
 namespace {
@@ -21,10 +22,10 @@ bool samePlace(const _mpl_spacept_tag& a, const _mpl_spacept_tag& b) {
   return a.x == b.x && a.y == b.y;
 }
 
-_egf_obj* straightLine(const _mpl_spacept_tag* points) {
-  _egf_obj* object = EEL_AllocObject(kClassLine, RMM_SITE);
-  if (object == nullptr) return nullptr;
-  EgfLine* line = as<EgfLine>(object);
+ObjectOwner straightLine(const _mpl_spacept_tag* points) {
+  ObjectOwner object(newObject(kClassLine, RMM_SITE));
+  if (!object) return object;
+  EgfLine* line = as<EgfLine>(object.get());
   line->pen = kLinePen;
   line->pen.scaleFactor = 1.0;
   line->startPt = points[0];
@@ -32,14 +33,13 @@ _egf_obj* straightLine(const _mpl_spacept_tag* points) {
   return object;
 }
 
-/// Takes the points over.
-_egf_obj* straightRun(_mpl_spacept_tag* points, unsigned int count) {
-  _egf_obj* object = EEL_AllocObject(kClassPolyline, RMM_SITE);
-  if (object == nullptr) return nullptr;
-  EgfPolyline* run = as<EgfPolyline>(object);
+ObjectOwner straightRun(RmmOwner<_mpl_spacept_tag>& points, unsigned int count) {
+  ObjectOwner object(newObject(kClassPolyline, RMM_SITE));
+  if (!object) return object;
+  EgfPolyline* run = as<EgfPolyline>(object.get());
   run->pen = kPolylinePen;
   run->pen.scaleFactor = 1.0;
-  run->points = PointArray::of(points);
+  run->points = PointArray::of(points.release());
   run->pointCount = count;
   return object;
 }
@@ -47,10 +47,7 @@ _egf_obj* straightRun(_mpl_spacept_tag* points, unsigned int count) {
 }  // namespace
 
 BezierPathBuilder::BezierPathBuilder(CAdapterReader& adapter, _viewPortMap* map, bool several)
-    : adapter_(adapter),
-      map_(map),
-      several_(several),
-      outer_(EEL_AllocObject(kClassPath, RMM_SITE)) {
+    : adapter_(adapter), map_(map), several_(several), outer_(newObject(kClassPath, RMM_SITE)) {
   if (map != nullptr && map->userSpace != nullptr) {
     adapter.svg_DecomposeMatrix(map->userSpace->matrix.m, &shear_, &scaleX_, &scaleY_, &rotation_);
   }
@@ -66,8 +63,7 @@ int CAdapterReader::ArcEndpointToCenter(_svg_path_data* d, double x, double y,
                                         _mpl_spacept_tag* center, double* rx, double* ry,
                                         double* startAngle, double* endAngle, int relative) {
   using namespace egfsvg;
-  double res = 96.0;
-  MPL_GetResXFactor(1, 1, map, &res);
+  const double res = resolutionOf(*this);
   const auto units = [&](const _svg_value& v) {
     return SVGValueToPixelValue(v, res) * kUnitsPerPixel;
   };
@@ -94,16 +90,14 @@ int CAdapterReader::_attachPlineToPath(_mpl_spacept_tag* points, unsigned int* c
                                        _egf_obj* path) {
   using namespace egfsvg;
   if (points == nullptr || *count < 2) return 0;
-  _egf_obj* object = *count == 2 ? straightLine(points) : straightRun(points, *count);
-  if (object == nullptr || *count == 2) RMM_Free(points);
-  if (object == nullptr) return -1;
-  return EEL_AppendObject(path, object) == 0 ? 0 : -1;
+  RmmOwner<_mpl_spacept_tag> owned(points);
+  ObjectOwner object = *count == 2 ? straightLine(points) : straightRun(owned, *count);
+  return object && handOver(path, object) ? 0 : -1;
 }
 
 /// At most one repair is made, the first that applies.
 void CAdapterReader::_checkBezierCntrlPts(_mpl_spacept_tag* p) {
-  double res = 96.0;
-  MPL_GetResXFactor(1, 1, map, &res);
+  const double res = egfsvg::resolutionOf(*this);
   const auto offset = static_cast<float>(egfsvg::kRepairOffset * res / 96.0);
   if (egfsvg::samePlace(p[0], p[1])) {
     p[1].x = p[0].x + offset;

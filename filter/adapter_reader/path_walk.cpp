@@ -2,8 +2,8 @@
 
 #include <cmath>
 
+#include "adapter_reader/page.h"
 #include "adapter_reader/svg_adapterreader.h"
-#include "host/resolution.h"
 #include "host/settings.h"
 #include "model/path_commands.h"
 
@@ -34,10 +34,8 @@ void raiseQuadratic(PlanePoint current, PlanePoint control, PlanePoint end, bool
 PathWalk::PathWalk(CAdapterReader& adapter, PathSink& sink)
     : adapter_(adapter),
       sink_(sink),
-      resolution_(96.0),
-      trueCurves_(settingOn(Setting::kTrueCurves)) {
-  MPL_GetResXFactor(1, 1, adapter.map, &resolution_);
-}
+      resolution_(resolutionOf(adapter)),
+      trueCurves_(settingOn(Setting::kTrueCurves)) {}
 
 bool PathWalk::run(const _svg_path& path) {
   for (std::int32_t i = 0; i < path.pathCount; ++i) {

@@ -10,8 +10,12 @@
 
 namespace egfsvg {
 
+_egf_obj* newObject(int objClass, const char* file, int line) {
+  return static_cast<_egf_obj*>(RMM_ChownName(EEL_AllocObject(objClass, file, line)));
+}
+
 _egf_obj* allocateObject(int objClass, const char* file, int line) {
-  auto* object = static_cast<_egf_obj*>(RMM_ChownName(EEL_AllocObject(objClass, file, line)));
+  _egf_obj* object = newObject(objClass, file, line);
   if (object == nullptr) logOutOfMemory(file, line);
   return object;
 }

@@ -13,7 +13,8 @@ namespace egfsvg {
 
 inline constexpr int kRectCorners = 4;
 
-/// A new object that belongs to the document. Null, with the fault logged, when memory ran out.
+/// A new object that belongs to the document, null when memory ran out; allocateObject logs that.
+_egf_obj* newObject(int objClass, const char* file, int line);
 _egf_obj* allocateObject(int objClass, const char* file, int line);
 
 /// The pen block of a polygon or box as every formatter starts it.

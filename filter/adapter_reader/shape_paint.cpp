@@ -5,20 +5,19 @@
 
 namespace egfsvg {
 
-const FilledForm kPolygonForm{offsetof(EgfPolygon, fillParmsNo),
-                              offsetof(EgfPolygon, fillGradientNo),
-                              offsetof(EgfPolygon, strokeGradientNo),
-                              &CAdapterReader::SetPgonGradientParms};
+const FilledForm kPolygonForm{
+    offsetof(EgfPolygon, fillParmsNo), offsetof(EgfPolygon, fillGradientNo),
+    offsetof(EgfPolygon, strokeGradientNo), &CAdapterReader::SetPgonGradientParms};
 /// Kept: the number of a stroke's gradient is not stored here.
 const FilledForm kShearedForm{offsetof(EgfPolygon, fillParmsNo),
                               offsetof(EgfPolygon, fillGradientNo), kNotKept,
                               &CAdapterReader::SetPgonGradientParms};
-const FilledForm kEllipseForm{offsetof(EgfEllipse, fillParmsNo),
-                              offsetof(EgfEllipse, fillGradientNo),
-                              offsetof(EgfEllipse, strokeGradientNo),
-                              &CAdapterReader::SetElipsGradientParms};
+const FilledForm kEllipseForm{
+    offsetof(EgfEllipse, fillParmsNo), offsetof(EgfEllipse, fillGradientNo),
+    offsetof(EgfEllipse, strokeGradientNo), &CAdapterReader::SetElipsGradientParms};
 const FilledForm kPathForm{offsetof(EgfPath, fillParmsNo), offsetof(EgfPath, fillGradientNo),
-                           offsetof(EgfPath, strokeGradientNo), &CAdapterReader::SetPathGradientParms};
+                           offsetof(EgfPath, strokeGradientNo),
+                           &CAdapterReader::SetPathGradientParms};
 const StrokedForm kLineForm{offsetof(EgfLine, strokeParmsNo), offsetof(EgfLine, strokeGradientNo),
                             lineAlpha, &CAdapterReader::SetLineGradientParms};
 const StrokedForm kPolylineForm{offsetof(EgfPolyline, strokeParmsNo),
@@ -37,6 +36,7 @@ template <class Parms>
 bool runSetter(CAdapterReader& adapter, GradientSetter<Parms> setter, _viewPortMap* map,
                const _mpl_spacerect_tag& bounds, _egf_obj* object, StyleSlot<Parms>& parms,
                GradientSlot& ramp, _svg_gradient* gradient) {
+  parms.open();  // a gradient always needs the record
   return (adapter.*setter)(map, bounds, object, parms.address(), ramp.address(), gradient) == 0;
 }
 

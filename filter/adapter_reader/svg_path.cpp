@@ -2,9 +2,10 @@
 // and arcs. A path of several sub-paths holds one class 33 object for each.
 
 #include <cmath>
-#include <memory>
+#include <utility>
 
 #include "adapter_reader/path_builder.h"
+#include "adapter_reader/point_arrays.h"
 #include "adapter_reader/svg_adapterreader.h"
 #include "geometry/angles.h"
 #include "host/egf_bits.h"
@@ -32,7 +33,7 @@ bool BezierPathBuilder::beginSubPath(const _svg_singlepath& subPath) {
     target_ = outer_.get();
     return true;
   }
-  sub_.reset(EEL_AllocObject(kClassPath, RMM_SITE));
+  sub_.reset(newObject(kClassPath, RMM_SITE));
   target_ = sub_.get();
   (void)subPath;
   return target_ != nullptr;
@@ -43,7 +44,7 @@ bool BezierPathBuilder::endSubPath(const _svg_singlepath&) {
   EgfPath* path = as<EgfPath>(target_);
   path->pathKind = hasClose_ ? kPathClosedFigure : 0U;
   if (!several_ || !path->firstChild) return true;
-  return EEL_AppendObject(outer_.get(), sub_.release()) == 0;
+  return handOver(outer_.get(), sub_);
 }
 
 bool BezierPathBuilder::moveTo(PlanePoint to) { return attachRun() && addToRun(to); }
@@ -61,14 +62,14 @@ bool BezierPathBuilder::closeTo(PlanePoint from, PlanePoint first) {
 
 bool BezierPathBuilder::curveTo(const PlanePoint (&controls)[4]) {
   if (!attachRun()) return false;
-  auto* points = allocateArray<_mpl_spacept_tag>(4, RMM_SITE);
-  if (points == nullptr) return false;
+  RmmOwner<_mpl_spacept_tag> points(allocateArray<_mpl_spacept_tag>(4, RMM_SITE));
+  if (!points) return false;
   for (int i = 0; i < 4; ++i) {
     grow(controls[i]);
-    points[i] = mapped(controls[i]);
+    points.get()[i] = mapped(controls[i]);
   }
-  adapter_._checkBezierCntrlPts(points);
-  return putCurve(points, 4);
+  adapter_._checkBezierCntrlPts(points.get());
+  return putCurve(std::move(points), 4);
 }
 
 bool BezierPathBuilder::arcTo(const ArcEnds& ends, const ArcCenter& arc) {
@@ -85,7 +86,7 @@ bool BezierPathBuilder::isPlainArc(const ArcEnds& ends, const ArcCenter& arc) co
 
 /// Arc angles of the host are polar, so an ellipse's parameters are scaled into them first.
 bool BezierPathBuilder::putArc(const ArcEnds& ends, const ArcCenter& center) {
-  ObjectOwner object(EEL_AllocObject(kClassArc, RMM_SITE));
+  ObjectOwner object(newObject(kClassArc, RMM_SITE));
   if (!object) return false;
   ArcCenter arc = center;
   if (ends.rotation != 0.0) turnCircle(ends.rotation, &arc);
@@ -103,7 +104,7 @@ bool BezierPathBuilder::putArc(const ArcEnds& ends, const ArcCenter& center) {
   record->startAngle = millionths(arc.start);
   record->endAngle = millionths(arc.end);
   record->pen.arcFlags = ArcDirectionBits::with(record->pen.arcFlags, ends.sweep ? 1 : 0);
-  return EEL_AppendObject(target_, object.release()) == 0;
+  return handOver(target_, object);
 }
 
 /// On a circle the x-axis rotation is taken off both angles.
@@ -126,21 +127,18 @@ bool BezierPathBuilder::putArcCurve(const ArcEnds& ends, const ArcCenter& arc) {
   if (map_ != nullptr) {
     for (int i = 0; i < count; ++i) adapter_._transformPoint(&points[i], map_);
   }
-  return putCurve(points, count);
+  return putCurve(RmmOwner<_mpl_spacept_tag>(points), count);
 }
 
-/// Takes the points over. Kept: a curve child has no pen of its own, its mode is the mark alone.
-bool BezierPathBuilder::putCurve(_mpl_spacept_tag* points, int count) {
-  ObjectOwner object(EEL_AllocObject(kClassPolygon, RMM_SITE));
-  if (!object) {
-    RMM_Free(points);
-    return false;
-  }
+/// Kept: a curve child has no pen of its own, its mode is the mark alone.
+bool BezierPathBuilder::putCurve(RmmOwner<_mpl_spacept_tag> points, int count) {
+  ObjectOwner object(newObject(kClassPolygon, RMM_SITE));
+  if (!object) return false;
   EgfPolygon* curve = as<EgfPolygon>(object.get());
-  curve->points = PointArray::of(points);
+  curve->points = PointArray::of(points.release());
   curve->pointCount = count;
   curve->pen.modeFlags = CurveChildBits::with(curve->pen.modeFlags, kCurveChild);
-  return EEL_AppendObject(target_, object.release()) == 0;
+  return handOver(target_, object);
 }
 
 bool BezierPathBuilder::addToRun(PlanePoint point) {
@@ -159,10 +157,9 @@ bool BezierPathBuilder::attachRun() {
     freeRun();
     return true;
   }
-  const int result = adapter_._attachPlineToPath(run_, &runCount_, target_);
-  run_ = nullptr;
-  runCount_ = 0;
-  return result == 0;
+  _mpl_spacept_tag* run = std::exchange(run_, nullptr);
+  unsigned int count = std::exchange(runCount_, 0U);
+  return adapter_._attachPlineToPath(run, &count, target_) == 0;
 }
 
 void BezierPathBuilder::freeRun() {

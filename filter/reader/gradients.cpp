@@ -44,11 +44,19 @@ void enterGradient(Map<_svg_gradient>& table, _svg_gradient* gradient) {
   if (!stored) freeAll(key);
 }
 
+/// Whether the table holds the record. Without memory for its key the entries are walked.
 bool isEntered(const Map<_svg_gradient>& table, const _svg_gradient* gradient) {
+  if (gradient->head.id == nullptr) return false;
   char* key = gradientKey(gradient->head.id);
-  const bool entered = key != nullptr && table.find(key) == gradient;
-  freeAll(key);
-  return entered;
+  if (key != nullptr) {
+    const bool entered = table.find(key) == gradient;
+    freeAll(key);
+    return entered;
+  }
+  for (std::int32_t i = 0; i < table.count; ++i) {
+    if (table.entries[i].value == gradient) return true;
+  }
+  return false;
 }
 
 /// A percentage becomes a fraction; any other number is one already.

@@ -1,8 +1,6 @@
 #include "tests/support/fresh_host.h"
 
-#include "embedded_host/host_faults.h"
-#include "embedded_host/host_framework.h"
-#include "embedded_host/host_settings.h"
+#include "embedded_host/host.h"
 
 namespace egfsvg::test {
 namespace {
@@ -12,24 +10,17 @@ std::uint64_t liveExceptions() {
   return counts.made - counts.deleted;
 }
 
-void restoreHost() {
-  egfhost::clearFaults();
-  egfhost::setByteBudget(0);
-  egfhost::setBlockBudget(0);
-  egfhost::resetSettings();
-}
-
 }  // namespace
 
 void FreshHost::OnTestStart(const testing::TestInfo&) {
-  restoreHost();
+  egfhost::resetForTest();
   sites_ = egfhost::liveSites();
   badFrees_ = egfhost::memoryCounters().badFrees;
   liveExceptions_ = liveExceptions();
 }
 
 void FreshHost::OnTestEnd(const testing::TestInfo& test) {
-  restoreHost();
+  egfhost::resetForTest();
   if (test.result()->Skipped()) return;
   const auto left = egfhost::liveSitesSince(sites_);
   EXPECT_TRUE(left.empty()) << "blocks left behind:\n" << egfhost::describeSites(left);
