@@ -100,7 +100,7 @@ bool FlatPathBuilder::arcTo(const ArcEnds& ends, const ArcCenter& arc) {
 
 bool FlatPathBuilder::endSubPath(const _svg_singlepath& subPath) {
   const unsigned int added = count_ - start_;
-  if (subPath.closed != 0 && added > 0) {
+  if ((subPath.closed != 0 || subPath.subFlag != 0) && added > 0) {  // either flag closes
     const _mpl_spacept_tag first = points_[start_];
     const _mpl_spacept_tag last = points_[count_ - 1];
     if ((first.x != last.x || first.y != last.y) && !addAll(&first, 1)) return false;

@@ -1,5 +1,5 @@
 // Plain paint: colours, opacities, caps and joins of one shape, in the steps that every formatter
-// takes. The told setters of CAdapterReader are the same steps over a caller's slots.
+// takes. The setters of CAdapterReader are the same steps over a caller's slots.
 #pragma once
 
 #include "adapter_reader/painted_pens.h"

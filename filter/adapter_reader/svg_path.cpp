@@ -25,6 +25,12 @@ constexpr double kUnitsPerPixel = 4096.0;
 
 std::int32_t millionths(double degrees) { return rounded<std::int32_t>(degrees * kMillionth); }
 
+/// Places are the same when their stored points are: relative commands add up to noise beyond that.
+bool sameStored(PlanePoint a, PlanePoint b) {
+  return static_cast<float>(a.x) == static_cast<float>(b.x) &&
+         static_cast<float>(a.y) == static_cast<float>(b.y);
+}
+
 }  // namespace
 
 bool BezierPathBuilder::beginSubPath(const _svg_singlepath& subPath) {
@@ -57,7 +63,7 @@ bool BezierPathBuilder::lineTo(PlanePoint from, PlanePoint to) {
 
 bool BezierPathBuilder::closeTo(PlanePoint from, PlanePoint first) {
   hasClose_ = true;
-  return from == first || lineTo(from, first);
+  return sameStored(from, first) || lineTo(from, first);
 }
 
 bool BezierPathBuilder::curveTo(const PlanePoint (&controls)[4]) {

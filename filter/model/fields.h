@@ -21,7 +21,7 @@ struct ElementType {
 inline constexpr ElementRecord kNoFields{};
 
 /// What stands behind the envelope of a callback.
-/// The closers carry nothing; a markup form carries its drawing alone where no group is told.
+/// The closers carry nothing; a markup form carries its drawing alone where there is no group.
 inline constexpr ElementType kPayloadTypes[] = {{kTagSvg, &element_rows::kSvgFields},
                                                 {kTagPath, &element_rows::kPathFields},
                                                 {kTagRect, &element_rows::kRectFields},
