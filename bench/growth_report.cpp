@@ -8,7 +8,17 @@
 namespace egfsvg::bench {
 namespace {
 
-constexpr const char* kPeer = "peer";
+// What a way is compared with, when both ran.
+struct Reference {
+  const char* way;
+  const char* reference;
+  const char* words;
+};
+constexpr Reference kReferences[] = {
+    {"records", "peer", "the other program"},
+    {"full", "peer", "the other program"},
+    {"write", "snprintf", "snprintf of the same lines"},
+};
 constexpr const char* kMedian = "median";
 constexpr double kGrown = 2.0;  // drawings whose bytes differ less differ in depth
 
@@ -52,7 +62,7 @@ void GrowthReport::printGrowth(const std::string& way, const std::string& family
   }
   const double exponent = std::log(most->second.seconds / least->second.seconds) /
                           std::log(most->second.bytes / least->second.bytes);
-  std::printf("growth  %-8s %-8s %s to %s: time ~ size^%.3f\n", way.c_str(), family.c_str(),
+  std::printf("growth  %-8s %-9s %s to %s: time ~ size^%.3f\n", way.c_str(), family.c_str(),
               least->first.c_str(), most->first.c_str(), exponent);
 }
 
@@ -62,20 +72,24 @@ void GrowthReport::printDepth(const std::string& way, const std::string& family,
   const auto perByte = [](const Sample& sample) { return sample.seconds / sample.bytes; };
   const auto shallow = samples.begin();
   const auto deep = std::prev(samples.end());
-  std::printf("depth   %-8s %-8s %s to %s: time per byte x %.2f\n", way.c_str(), family.c_str(),
+  std::printf("depth   %-8s %-9s %s to %s: time per byte x %.2f\n", way.c_str(), family.c_str(),
               shallow->first.c_str(), deep->first.c_str(),
               perByte(deep->second) / perByte(shallow->second));
 }
 
-void GrowthReport::printRatios(const std::string& way) const {
-  const auto peer = ways_.find(kPeer);
-  if (peer == ways_.end() || way == kPeer) return;
-  for (const auto& [family, samples] : ways_.at(way)) {
+void GrowthReport::printRatios(const std::string& way, const std::string& reference,
+                               const char* words) const {
+  const auto measured = ways_.find(way);
+  const auto compared = ways_.find(reference);
+  if (measured == ways_.end() || compared == ways_.end()) return;
+  for (const auto& [family, samples] : measured->second) {
+    const auto family2 = compared->second.find(family);
+    if (family2 == compared->second.end()) continue;
     for (const auto& [size, sample] : samples) {
-      const auto family2 = peer->second.find(family);
-      if (family2 == peer->second.end() || family2->second.count(size) == 0) continue;
-      std::printf("speed   %-8s %-8s %-5s %.2f of the other program\n", way.c_str(), family.c_str(),
-                  size.c_str(), family2->second.at(size).seconds / sample.seconds);
+      const auto other = family2->second.find(size);
+      if (other == family2->second.end()) continue;
+      std::printf("speed   %-8s %-9s %-5s %.2f of %s\n", way.c_str(), family.c_str(), size.c_str(),
+                  other->second.seconds / sample.seconds, words);
     }
   }
 }
@@ -86,7 +100,7 @@ void GrowthReport::Finalize() {
   for (const auto& [way, families] : ways_) {
     for (const auto& [family, samples] : families) printGrowth(way, family, samples);
   }
-  for (const auto& way : ways_) printRatios(way.first);
+  for (const Reference& row : kReferences) printRatios(row.way, row.reference, row.words);
 }
 
 }  // namespace egfsvg::bench

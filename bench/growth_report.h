@@ -1,5 +1,6 @@
-// Prints the medians as the usual console table, then one line for each family and way of reading:
-// how time grows with the size of the drawing, and how it stands beside the other program.
+// Prints the medians as the usual console table, then one line for each family and way of reading
+// or writing: how time grows with the size of the drawing, and how it stands beside what it is
+// compared with.
 #pragma once
 
 #include <benchmark/benchmark.h>
@@ -27,7 +28,7 @@ class GrowthReport : public benchmark::ConsoleReporter {
 
   void printGrowth(const std::string& way, const std::string& family, const Samples& samples) const;
   void printDepth(const std::string& way, const std::string& family, const Samples& samples) const;
-  void printRatios(const std::string& way) const;
+  void printRatios(const std::string& way, const std::string& reference, const char* words) const;
 
   std::map<std::string, std::map<std::string, Samples>> ways_;  // by way, then family
 };

@@ -27,6 +27,7 @@ SvgModule::SvgModule(const char* path) {
   find(module, "SVGH_OpenReader", openHandler);
   find(module, "SVGH_EnumerateData", enumerate);
   find(module, "SVGH_CloseReader", closeHandler);
+  find(module, "iSVG_WriteFile", writeFile);
 }
 
 }  // namespace egfsvg::bench

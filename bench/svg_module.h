@@ -1,4 +1,4 @@
-// The entry points of svg.so that a read needs, loaded as a host loads them.
+// The entry points of svg.so that reading and writing need, loaded as a host loads them.
 #pragma once
 
 #include <cstdint>
@@ -19,6 +19,7 @@ struct SvgModule {
   std::int32_t (*openHandler)(_handlerOpenReader*);
   std::int32_t (*enumerate)(_handlerEnumData*, QV_FILEID*);
   std::int32_t (*closeHandler)(_handlerCloseReader*);
+  std::int32_t (*writeFile)(HostHandle view, HostHandle output, int compress);
 };
 
 }  // namespace egfsvg::bench
