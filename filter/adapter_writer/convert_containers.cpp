@@ -79,8 +79,8 @@ void CAdapterWriter::SetSVGSVG(_egf_obj* object, _svg_svg* record) {
   if (corners == nullptr) return;
   setViewport(scale, corners, record);
   if (first->objClass == kClassBox) {
-    svgWidth = truncated<std::int32_t>(record->width.value);
-    svgHeight = truncated<std::int32_t>(record->height.value);
+    svgWidth = shownInteger(record->width.value);
+    svgHeight = shownInteger(record->height.value);
   }
   turnForward(record->x, record->width);
   turnForward(record->y, record->height);

@@ -12,7 +12,8 @@ namespace {
 /// The writer that a pool is enumerated for.
 CAdapterWriter& writerOf(const _adapterWriteData& data) { return *at<CAdapterWriter>(data.writer); }
 
-/// Fills a style record and writes it; its name is released with it.
+/// Fills a style record and writes it; its name is released with it. Without memory for the name
+/// nothing is written.
 template <class SetProps>
 int writeStyle(void* userData, std::int32_t type, SetProps&& setProps) {
   const auto& data = *static_cast<_adapterWriteData*>(userData);
@@ -21,7 +22,7 @@ int writeStyle(void* userData, std::int32_t type, SetProps&& setProps) {
   if (!envelope) return kOutOfMemory;
   initStyleProps(envelope.record());
   setProps(writer, envelope.record());
-  return envelope.write();
+  return envelope.record()->selector != nullptr ? envelope.write() : kOutOfMemory;
 }
 
 }  // namespace

@@ -109,7 +109,7 @@ int CAdapterWriter::SetGradProps(const awriter::_svg_gradient_parms* pooled,
   const int result =
       STYLE_QueryData(documentTable(*this, kStyleGradient),
                       static_cast<std::uint32_t>(pooled->gradientNo), &size, &record);
-  if (result != 0) return result;
+  if (result != 0 || size < sizeof(_egf_gdiplus_gradientparms_tag)) return result;
   const auto& ramp = *static_cast<const _egf_gdiplus_gradientparms_tag*>(record);
   const std::int32_t count =
       std::min<std::int32_t>(ramp.stopCount, kMaxGradientStops) - kDoubledStops;

@@ -103,8 +103,9 @@ void CAdapterWriter::_setDirectionalLineAngle(awriter::_svg_gradient_parms* parm
   const double dy = parms->y2 - parms->y1;
   if (dy == 0.0) return;
   const double base = std::fabs(std::atan(dy / (parms->x2 - parms->x1)));
-  if (turned == base) return;
-  const double length = std::cos(std::fabs(turned - base)) * dy / std::sin(base);
+  const double sine = std::sin(base);
+  if (turned == base || sine == 0.0) return;
+  const double length = std::cos(std::fabs(turned - base)) * dy / sine;
   parms->x2 = std::cos(turned) * length + parms->x1;
   parms->y2 = std::sin(turned) * length + parms->y1;
 }

@@ -13,7 +13,7 @@ template <class Parms>
 void setJoin(_svg_pa_stroke& stroke, int join, const Parms* parms) {
   stroke.strokeLinejoin = join;
   if (join != kJoinCodeMiter || parms == nullptr) return;
-  stroke.strokeMiterlimit = truncated<std::int32_t>(double{parms->miterLimit});
+  stroke.strokeMiterlimit = shownInteger(double{parms->miterLimit});
 }
 
 }  // namespace

@@ -19,7 +19,7 @@ void setResolutionComment(double dotsPerInch, char (&comment)[kRecordTextSize]) 
   comment[0] = '\0';
   if (dotsPerInch == kUsualResolution) return;
   char text[kFormatTextSize];
-  wsprintfA(text, kResolutionFormat, truncated<long>(std::floor(dotsPerInch + 0.5)));
+  wsprintfA(text, kResolutionFormat, long{shownInteger(std::floor(dotsPerInch + 0.5))});
   std::memcpy(comment, text, std::strlen(text) + 1);
 }
 

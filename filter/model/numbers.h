@@ -79,6 +79,12 @@ constexpr Int truncated(double value) {
   return value == value ? static_cast<Int>(value) : Int{0};
 }
 
+/// The integer part as written files show it: ends as `truncated`, but NaN gives the least number,
+/// so that it is seen.
+constexpr std::int32_t shownInteger(double value) {
+  return value == value ? truncated<std::int32_t>(value) : std::numeric_limits<std::int32_t>::min();
+}
+
 /// The nearest integer, halves away from zero; ends and NaN as `truncated`.
 template <class Int>
 inline Int rounded(double value) {

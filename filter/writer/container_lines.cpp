@@ -1,13 +1,7 @@
 // Groups, links and images.
 
-#include "model/numbers.h"
+#include "writer/element_head.h"
 #include "writer/svg_handlerwriter.h"
-
-namespace {
-
-std::int32_t whole(const _svg_value& value) { return egfsvg::truncated<std::int32_t>(value.value); }
-
-}  // namespace
 
 int CHandlerWriter::writeSVGGroupTag(_svg_group* record, HostHandle stream) {
   GetLocalAttribs(record->pa.fill, record->pa.stroke, record->pa.graphics, style_);
@@ -19,7 +13,7 @@ int CHandlerWriter::writeSVGGroupTag(_svg_group* record, HostHandle stream) {
   } else {
     line_.add("  <g");
   }
-  return line_.format(" %s >", {style_.text()}).put(stream);
+  return line_.format(" %s >", {style_}).put(stream);
 }
 
 int CHandlerWriter::writeSVGGroupCloseTag(HostHandle stream) {
@@ -27,10 +21,12 @@ int CHandlerWriter::writeSVGGroupCloseTag(HostHandle stream) {
 }
 
 int CHandlerWriter::writeSVGImageTag(_svg_image* record, HostHandle stream) {
+  using egfsvg::wholeOf;
   line_.clear();
   line_.format("   <image xlink:href=\"%s\" ", {record->link.value});
-  line_.format("x=\"%ld\" y=\"%ld\" width=\"%ld\" height=\"%ld\"/>",
-               {whole(record->x), whole(record->y), whole(record->width), whole(record->height)});
+  line_.format(
+      "x=\"%ld\" y=\"%ld\" width=\"%ld\" height=\"%ld\"/>",
+      {wholeOf(record->x), wholeOf(record->y), wholeOf(record->width), wholeOf(record->height)});
   return line_.put(stream);
 }
 

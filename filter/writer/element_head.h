@@ -1,9 +1,8 @@
 // What the lines of all elements share: the opening, the reference to a style entity, a rotation.
 #pragma once
 
-#include <string_view>
-
 #include "model/groups.h"
+#include "model/numbers.h"
 #include "writer/line_builder.h"
 
 namespace egfsvg {
@@ -16,10 +15,13 @@ void startElement(const char* name, const _svg_common& head, LineBuilder& out);
 
 /// The style text: the attributes alone, or behind the reference that the head names (`out` then
 /// holds it).
-std::string_view withReference(const _svg_common& head, const LineBuilder& attributes,
-                               LineBuilder& out);
-std::string_view withReference(const _svg_common& head, const LineBuilder& attributes,
-                               const char* format, LineBuilder& out);
+const LineBuilder& withReference(const _svg_common& head, const LineBuilder& attributes,
+                                 LineBuilder& out);
+const LineBuilder& withReference(const _svg_common& head, const LineBuilder& attributes,
+                                 const char* format, LineBuilder& out);
+
+/// A length as a whole number.
+inline std::int32_t wholeOf(const _svg_value& value) { return shownInteger(value.value); }
 
 /// The first transform entry, when it is a rotation, else null.
 const transformEntry* rotationOf(const _svg_common& head);

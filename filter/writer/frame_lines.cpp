@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "host/settings.h"
-#include "model/numbers.h"
+#include "writer/element_head.h"
 #include "writer/svg_handlerwriter.h"
 
 namespace egfsvg {
@@ -20,8 +20,6 @@ constexpr const char* kNamespaces =
 constexpr std::int32_t kAttributeStart = 6;  // of style="...": the text from its quote on
 constexpr std::int32_t kListStart = 7;       // and behind it
 
-std::int32_t whole(const _svg_value& value) { return truncated<std::int32_t>(value.value); }
-
 }  // namespace
 }  // namespace egfsvg
 
@@ -32,6 +30,7 @@ int CHandlerWriter::putLiteral(const char* text, HostHandle stream) {
 
 int CHandlerWriter::writeSVGHeader(_objectStream* record, HostHandle stream) {
   using namespace egfsvg;
+  openSvgs_ = 0;
   line_.clear();
   line_.format("<?xml version=\"%.1f\" standalone=\"no\"?>", {kXmlVersion});
   if (line_.put(stream) == -1 || putLiteral(kNotice, stream) == -1) return -1;
@@ -62,14 +61,15 @@ int CHandlerWriter::writeOpenSVGTag(_svg_svg* record, HostHandle stream) {
   if (openSvgs_++ == 0 && settingOn(Setting::kNamespaces)) line_.add(kNamespaces);
   const _svg_viewbox* box = record->viewBox;
   if (box == nullptr || record->width.unit != kUnitPercent) {
-    line_.format(" x=\"%ld\" y=\"%ld\" width=\"%ld\" height=\"%ld\"",
-                 {whole(record->x), whole(record->y), whole(record->width), whole(record->height)});
+    line_.format(
+        " x=\"%ld\" y=\"%ld\" width=\"%ld\" height=\"%ld\"",
+        {wholeOf(record->x), wholeOf(record->y), wholeOf(record->width), wholeOf(record->height)});
   } else {
     line_.add(" ");
   }
   if (box != nullptr) {
     line_.format(" viewBox=\"%ld %ld %ld %ld\"",
-                 {whole(box->x), whole(box->y), whole(box->width), whole(box->height)});
+                 {wholeOf(box->x), wholeOf(box->y), wholeOf(box->width), wholeOf(box->height)});
   }
   return line_.add(">").put(stream);
 }
@@ -84,6 +84,7 @@ int CHandlerWriter::writeEntityData(_svg_style_props* record, HostHandle stream)
   using namespace egfsvg;
   GetStyle(record->pa.fill, record->pa.stroke, record->pa.graphics, style_);
   AddLineJoinStyle(record->pa.stroke, style_);
+  if (style_.failed()) return -1;
   line_.clear();
   line_.format("   <!ENTITY %s", {record->selector});
   line_.format(" %s >", {style_.text().substr(kAttributeStart)});
@@ -95,6 +96,7 @@ int CHandlerWriter::writeCSSStyleSheetData(_svg_style_props* record, HostHandle 
   GetStyle(record->pa.fill, record->pa.stroke, record->pa.graphics, style_);
   AddLineJoinStyle(record->pa.stroke, style_);
   AddLineCapStyle(record->pa.stroke, style_);
+  if (style_.failed()) return -1;
   line_.clear();
   line_.format("      .%s {", {record->selector});
   line_.format(" %s", {style_.text().substr(kListStart)});

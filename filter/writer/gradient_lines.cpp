@@ -1,6 +1,6 @@
 // The gradient element: its opening line, a line a stop, its close.
 
-#include "model/numbers.h"
+#include "writer/element_head.h"
 #include "writer/svg_handlerwriter.h"
 
 namespace egfsvg {
@@ -40,9 +40,8 @@ void addSpreadAndTransform(const _svg_gradient& g, LineBuilder& line) {
 
 void addStop(const _svg_stop& stop, LineBuilder& line) {
   const _svg_color& colour = stop.gradients.stopColor;
-  line.format(
-      "          <stop offset=\"%ld%s\" stop-color=\"rgb(%ld,%ld,%ld)\" />",
-      {truncated<std::int32_t>(stop.offset.value), "%", colour.red, colour.green, colour.blue});
+  line.format("          <stop offset=\"%ld%s\" stop-color=\"rgb(%ld,%ld,%ld)\" />",
+              {wholeOf(stop.offset), "%", colour.red, colour.green, colour.blue});
   if (stop.gradients.stopOpacity != 1.0) {
     line.takeBack(2).format("stop-opacity=\"%.2f\" />", {stop.gradients.stopOpacity});
   }

@@ -55,6 +55,7 @@ const char* LineBuilder::addConversion(const char* at, const FormatArg& arg) {
   }
   while (*at == 'l' || *at == '6') ++at;
   if (arg.kind_ == FormatArg::Kind::kText) {
+    failed_ = failed_ || arg.failed_;
     add(arg.text_);
     return at + 1;
   }

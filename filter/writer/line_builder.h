@@ -11,6 +11,8 @@
 
 namespace egfsvg {
 
+class LineBuilder;
+
 /// An argument of a format. A null text prints as nothing.
 class FormatArg {
  public:
@@ -18,6 +20,8 @@ class FormatArg {
   FormatArg(std::int32_t integer) : kind_(Kind::kInteger), integer_(integer) {}
   FormatArg(const char* text) : kind_(Kind::kText), text_(text == nullptr ? "" : text) {}
   FormatArg(std::string_view text) : kind_(Kind::kText), text_(text) {}
+  /// The builder's text; when memory ran out for it, it has run out for this one too.
+  FormatArg(const LineBuilder& part);
 
  private:
   friend class LineBuilder;
@@ -26,6 +30,7 @@ class FormatArg {
   double number_ = 0.0;
   std::int32_t integer_ = 0;
   std::string_view text_;
+  bool failed_ = false;
 };
 
 /// Memory that runs out is remembered and makes `put` fail.
@@ -42,6 +47,10 @@ class LineBuilder {
   bool failed() const { return failed_; }
 
   LineBuilder& add(std::string_view text);
+  LineBuilder& add(const LineBuilder& part) {
+    failed_ = failed_ || part.failed_;
+    return add(part.text());
+  }
   LineBuilder& format(const char* format, std::initializer_list<FormatArg> args);
   /// Drops bytes from the end; the rest is overwritten by what is added next.
   LineBuilder& takeBack(std::int32_t count) {
@@ -60,5 +69,8 @@ class LineBuilder {
   GrowingArray<char> text_;
   bool failed_ = false;
 };
+
+inline FormatArg::FormatArg(const LineBuilder& part)
+    : kind_(Kind::kText), text_(part.text()), failed_(part.failed()) {}
 
 }  // namespace egfsvg

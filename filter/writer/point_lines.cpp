@@ -1,7 +1,6 @@
 // Elements of many points: polylines and polygons, five points a line, and paths, broken before the
 // segment that finds its line too long.
 
-#include "model/numbers.h"
 #include "model/path_commands.h"
 #include "writer/element_head.h"
 #include "writer/path_segments.h"
@@ -11,8 +10,6 @@ namespace egfsvg {
 namespace {
 
 constexpr std::int32_t kPointsInLine = 5;
-
-std::int32_t whole(const _svg_value& value) { return truncated<std::int32_t>(value.value); }
 
 /// Kept: a polygon's last points are written with another precision.
 struct PointFormats {
@@ -95,7 +92,7 @@ int CHandlerWriter::writeSVGPolylineTag(_svg_polyline* record, HostHandle stream
   GetLocalAttribs(record->fill, record->stroke, record->graphics, style_);
   AddLineJoinAttrib(record->stroke, style_);
   AddLineCapAttrib(record->stroke, style_);
-  const auto style = withReference(record->head, style_, reference_);
+  const auto& style = withReference(record->head, style_, reference_);
   startElement("polyline", record->head, line_);
   line_.add("points=\"");
   if (putPoints(record->points, record->pointCount, kPolylineFormats, line_, stream) == -1) {
@@ -109,7 +106,7 @@ int CHandlerWriter::writeSVGPolygonTag(_svg_polygon* record, HostHandle stream) 
   if (record->points == nullptr) return 0;
   GetLocalAttribs(record->fill, record->stroke, record->graphics, style_);
   AddLineJoinAttrib(record->stroke, style_);
-  const auto style = withReference(record->head, style_, reference_);
+  const auto& style = withReference(record->head, style_, reference_);
   startElement("polygon", record->head, line_);
   line_.add("points=\"");
   if (putPoints(record->points, record->pointCount, kPolygonFormats, line_, stream) == -1) {
@@ -123,14 +120,14 @@ int CHandlerWriter::writeSVGPathTag(_svg_path* record, HostHandle stream) {
   GetLocalAttribs(record->fill, record->stroke, record->graphics, style_);
   AddLineJoinAttrib(record->stroke, style_);
   AddLineCapAttrib(record->stroke, style_);
-  const auto style = withReference(record->head, style_, reference_);
+  const auto& style = withReference(record->head, style_, reference_);
   startElement("path", record->head, line_);
   line_.add("d=\"");
   if (putSegments(*record, kAllForms, line_, stream) == -1) return -1;
   line_.add("\" ").add(style).add(" ");
   if (const transformEntry* rotation = rotationOf(record->head)) {
     line_.format(" transform=\"rotate(%f %ld %ld)\"",
-                 {rotation->args[0].value, whole(rotation->args[1]), whole(rotation->args[2])});
+                 {rotation->args[0].value, wholeOf(rotation->args[1]), wholeOf(rotation->args[2])});
   }
   return line_.add("/>").put(stream);
 }

@@ -1,7 +1,6 @@
 // Plain shapes: style text, head, body, one line each. The body formats are the rows; the double
 // blanks in them are required.
 
-#include "model/numbers.h"
 #include "writer/element_head.h"
 #include "writer/svg_handlerwriter.h"
 
@@ -11,21 +10,18 @@ namespace {
 constexpr const char* kStyleFormat = "style=\"&st%s;\" %s";
 constexpr const char* kStrokeStyleFormat = "style=\"&stroke_st%s;\" %s";
 
-std::int32_t whole(const _svg_value& value) { return truncated<std::int32_t>(value.value); }
-
 }  // namespace
 
 /// With a reference to an entity, it stands before the attributes.
-std::string_view withReference(const _svg_common& head, const LineBuilder& attributes,
-                               const char* format, LineBuilder& out) {
-  if (head.styleRef == nullptr) return attributes.text();
+const LineBuilder& withReference(const _svg_common& head, const LineBuilder& attributes,
+                                 const char* format, LineBuilder& out) {
+  if (head.styleRef == nullptr) return attributes;
   out.clear();
-  out.format(format, {head.styleRef, attributes.text()});
-  return out.text();
+  return out.format(format, {head.styleRef, attributes});
 }
 
-std::string_view withReference(const _svg_common& head, const LineBuilder& attributes,
-                               LineBuilder& out) {
+const LineBuilder& withReference(const _svg_common& head, const LineBuilder& attributes,
+                                 LineBuilder& out) {
   return withReference(head, attributes, kStyleFormat, out);
 }
 
@@ -51,7 +47,7 @@ int CHandlerWriter::writeSVGLineTag(_svg_line* record, HostHandle stream) {
   using namespace egfsvg;
   GetLocalAttribs(record->fill, record->stroke, record->graphics, style_);
   AddLineCapAttrib(record->stroke, style_);
-  const auto style = withReference(record->head, style_, kStrokeStyleFormat, reference_);
+  const auto& style = withReference(record->head, style_, kStrokeStyleFormat, reference_);
   startElement("line", record->head, line_);
   line_.format("x1=\"%.2f\"  y1=\"%.2f\" x2=\"%.2f\" y2=\"%.2f\" %s/>",
                {record->x1.value, record->y1.value, record->x2.value, record->y2.value, style});
@@ -62,18 +58,18 @@ int CHandlerWriter::writeSVGRectTag(_svg_rect* record, HostHandle stream) {
   using namespace egfsvg;
   GetLocalAttribs(record->fill, record->stroke, record->graphics, style_);
   AddLineJoinAttrib(record->stroke, style_);
-  const auto style = withReference(record->head, style_, reference_);
+  const auto& style = withReference(record->head, style_, reference_);
   startElement("rect", record->head, line_);
-  line_.format(
-      "x=\"%ld\" y=\"%ld\" width=\"%ld\" height=\"%ld\" %s />",
-      {whole(record->x), whole(record->y), whole(record->width), whole(record->height), style});
+  line_.format("x=\"%ld\" y=\"%ld\" width=\"%ld\" height=\"%ld\" %s />",
+               {wholeOf(record->x), wholeOf(record->y), wholeOf(record->width),
+                wholeOf(record->height), style});
   return line_.put(stream);
 }
 
 int CHandlerWriter::writeSVGCircleTag(_svg_circle* record, HostHandle stream) {
   using namespace egfsvg;
   GetLocalAttribs(record->fill, record->stroke, record->graphics, style_);
-  const auto style = withReference(record->head, style_, reference_);
+  const auto& style = withReference(record->head, style_, reference_);
   startElement("circle", record->head, line_);
   line_.format("cx=\"%.3f\"  cy=\"%.3f\" r=\"%.3f\" %s />",
                {record->cx.value, record->cy.value, record->r.value, style});
@@ -83,13 +79,13 @@ int CHandlerWriter::writeSVGCircleTag(_svg_circle* record, HostHandle stream) {
 int CHandlerWriter::writeSVGEllipseTag(_svg_ellipse* record, HostHandle stream) {
   using namespace egfsvg;
   GetLocalAttribs(record->fill, record->stroke, record->graphics, style_);
-  const auto style = withReference(record->head, style_, reference_);
+  const auto& style = withReference(record->head, style_, reference_);
   startElement("ellipse", record->head, line_);
   line_.format("cx=\"%.3f\"  cy=\"%.3f\" rx=\"%.3f\" ry=\"%.3f\" %s ",
                {record->cx.value, record->cy.value, record->rx.value, record->ry.value, style});
   if (const transformEntry* rotation = rotationOf(record->head)) {
     line_.format(" transform=\"rotate(%f %ld %ld)\"",
-                 {rotation->args[0].value, whole(record->cx), whole(record->cy)});
+                 {rotation->args[0].value, wholeOf(record->cx), wholeOf(record->cy)});
   }
   return line_.add("/>").put(stream);
 }

@@ -53,7 +53,7 @@ int CHandlerWriter::writeSVGTextTag(_svg_text* record, HostHandle stream) {
   line_.clear();
   line_.add("   <text ");
   addAttributes(*record, line_);
-  line_.format("\n    %s>\n     %s", {style_.text(), record->content});
+  line_.format("\n    %s>\n     %s", {style_, record->content});
   if (record->next == nullptr) return line_.add("\n   </text>").put(stream);
   if (line_.put(stream) == -1) return -1;
   for (const _svg_text* run = record->next; run != nullptr; run = run->next) {

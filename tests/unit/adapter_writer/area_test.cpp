@@ -70,6 +70,17 @@ const WrittenRow kRectRows[] = {
      },
      {R"~(   <rect x="0" y="0" width="100" height="50" fill="#ff0000" stroke="#0000ff" stroke-width="2.000000" stroke-linejoin="round"  />)~"},
      {}},
+    {"corners that are nowhere",
+     [](DrawingWriter&) {
+       return edit<EgfPolygon>(rect(), [](EgfPolygon& r) {
+         const PointArray points = r.points;
+         const float nowhere = std::numeric_limits<float>::infinity();
+         points[2] = points[3] = {nowhere, 0.0F};
+         points[2].y = points[1].y;
+       });
+     },
+     {R"~(   <rect x="0" y="0" width="2147483647" height="50" fill="#ff0000" stroke="#0000ff" stroke-width="2.000000" stroke-linejoin="round"  />)~"},
+     {}},
     {"the height scales like the width",
      [](DrawingWriter&) {
        return boxOf({{0, 100}, {0, 150}, {100, 150}, {100, 100}});

@@ -303,6 +303,30 @@ TEST(WriterMemory, TheCursorIsPutBack) {
   EXPECT_EQ(egfhost::frameClassCursor(), frameCursor);
 }
 
+TEST(WriterMemory, AnEntityWithoutItsNameEndsTheFile) {
+  DrawingWriter drawing;
+  appendStyle(drawing.document(), kStylePen, kPolygonPen);
+  std::size_t entities = 0;
+  for (std::uint64_t n = 1;; ++n) {
+    drawing.lines.clear();
+    std::optional<OpenWriter> writer(std::in_place, drawing.stream(), drawing.document());
+    ASSERT_TRUE(egfhost::failAllocation(n, egfhost::FaultSpan::kForEver));
+    const int result = writer->write(drawing.tree.handle());
+    const bool struck = egfhost::faultsStruck() != 0;
+    egfhost::clearFaults();
+    for (const std::string& line : drawing.lines) {
+      if (line.find("<!ENTITY") == line.npos) continue;
+      ++entities;
+      EXPECT_EQ(line.find("<!ENTITY st1 \""), 3U) << n << ": " << line;
+    }
+    if (!struck) break;
+    EXPECT_NE(result, kOk) << n;
+  }
+  EXPECT_LT(0U, entities);
+  SetCursor(egfhost::kArrowCursor);
+  SetClassLongA(COM_GetFrameWnd(), kClassLongCursor, egfhost::kArrowCursor);
+}
+
 /// One object of each kind that is written, with styles, gradients and dashes.
 void addEverything(DrawingWriter& drawing) {
   const HostHandle document = drawing.document();

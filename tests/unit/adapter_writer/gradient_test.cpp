@@ -223,6 +223,12 @@ const GradientRow kRows[] = {
       R"~(          <stop offset="0%" stop-color="rgb(255,0,0)" />)~",
       R"~(          <stop offset="100%" stop-color="rgb(0,0,255)" />)~",
       "       </linearGradient>"}},
+    {"a vector without end",
+     [](GradientCase& s) {
+       turn(s, {{0, 0}, {1e39, 100}}, 45000000);
+     },
+     {linear(R"~(x1="0.0" y1="0.0" x2="inf" y2="100.0" spreadMethod="repeat")~"), kRedStop,
+      kBlueStop, kEndLinear}},
     {"an upright vector",
      [](GradientCase& s) {
        turn(s, {{0, 0}, {0, 100}}, 45000000);

@@ -177,6 +177,15 @@ TEST(Numbers, Truncated) {
   EXPECT_EQ(truncated<std::int32_t>(20 * 2.55), 51);
 }
 
+TEST(Numbers, ShownIntegers) {
+  const double infinity = std::numeric_limits<double>::infinity();
+  EXPECT_EQ(shownInteger(-2.99), -2);
+  EXPECT_EQ(shownInteger(infinity), 2147483647);
+  EXPECT_EQ(shownInteger(-infinity), -2147483647 - 1);
+  EXPECT_EQ(shownInteger(std::nan("")), -2147483647 - 1);
+  EXPECT_EQ(shownInteger(-std::nan("")), -2147483647 - 1);
+}
+
 TEST(Numbers, Rounded) {
   EXPECT_EQ(rounded<std::int32_t>(2.5), 3);
   EXPECT_EQ(rounded<std::int32_t>(-2.5), -3);

@@ -2,9 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstring>
 #include <functional>
+#include <limits>
 
+#include "embedded_host/host_faults.h"
+#include "frame/result_codes.h"
 #include "model/lifecycle.h"
 #include "model/path_commands.h"
 #include "tests/support/writer_harness.h"
@@ -89,7 +93,78 @@ TEST(ElementLines, Rect) {
           r.y.value = -1.9;
           r.width.value = 1e99;
         },
-        R"~(   <rect x="1" y="-1" width="2147483647" height="0"  />)~"}});
+        R"~(   <rect x="1" y="-1" width="2147483647" height="0"  />)~"},
+       {[](auto& r) {
+          r.stroke.packedColor = -1;
+          r.x.value = std::nan("");
+          r.y.value = -std::numeric_limits<double>::infinity();
+        },
+        R"~(   <rect x="-2147483648" y="-2147483648" width="0" height="0"  />)~"}});
+}
+
+TEST(ElementLines, NumbersThatAreNone) {
+  const double infinity = std::numeric_limits<double>::infinity();
+  expectLines<_svg_line>(kTagLine, initLine,
+                         {{[&](auto& l) {
+                             l.stroke.packedColor = -1;
+                             l.x1.value = std::nan("");
+                             l.y1.value = -std::nan("");
+                             l.x2.value = infinity;
+                             l.y2.value = -infinity;
+                           },
+                           R"~(   <line x1="nan"  y1="-nan" x2="inf" y2="-inf" />)~"}});
+}
+
+/// With an allocation failing, once or from then on, a line comes whole or not at all.
+template <class Write>
+void expectWholeLines(Write&& write) {
+  WriterHarness reference;
+  ASSERT_EQ(write(reference), kOk);
+  for (const auto span : {egfhost::FaultSpan::kOnce, egfhost::FaultSpan::kForEver}) {
+    std::uint64_t struck = 1;
+    for (std::uint64_t n = 1; struck != 0; ++n) {
+      WriterHarness harness;
+      ASSERT_TRUE(egfhost::failAllocation(n, span));
+      const int result = write(harness);
+      struck = egfhost::faultsStruck();
+      egfhost::clearFaults();
+      EXPECT_EQ(result, struck == 0 ? kOk : kLineNotWritten) << n;
+      if (struck != 0) {
+        EXPECT_EQ(harness.text(), "") << n;
+      } else {
+        EXPECT_EQ(harness.text(), reference.text());
+        EXPECT_LT(1U, n);
+      }
+    }
+  }
+}
+
+TEST(ElementLines, NothingIsWrittenWithoutMemory) {
+  expectWholeLines([](WriterHarness& harness) {
+    _svg_rect rect;
+    initRect(&rect);
+    rect.head.styleRef = text("12");
+    rect.fill.packedColor = 0xff;
+    return harness.write(kTagRect, rect);
+  });
+  expectWholeLines([](WriterHarness& harness) {
+    _svg_group group;
+    initGroupObj(&group);
+    return harness.write(kTagGroup, group);
+  });
+  expectWholeLines([](WriterHarness& harness) {
+    _svg_text record;
+    initText(&record);
+    return harness.write(kTagText, record);
+  });
+  for (const std::int32_t type : {17, 37}) {
+    expectWholeLines([&](WriterHarness& harness) {
+      _svg_style_props style;
+      initStyleProps(&style);
+      style.selector = text("st1");
+      return harness.write(type, style);
+    });
+  }
 }
 
 TEST(ElementLines, JoinsAndMiterLimits) {

@@ -115,6 +115,19 @@ TEST(FrameLines, TheOutermostSvgCarriesNamespacesWhenAsked) {
             outer + R"~(|<svg x="0" y="0" width="5" height="5">|</svg>|</svg>|)~" + outer);
 }
 
+TEST(FrameLines, AnUnfinishedDocumentIsForgottenByTheNext) {
+  CFG_GetDefaults(0, 0)[static_cast<std::uint32_t>(Setting::kNamespaces)] = 1;
+  const _objectStream header{};
+  _svg_svg record;
+  initSVGObj(&record);
+  WriterHarness harness;
+  for (int document = 0; document < 2; ++document) {
+    EXPECT_EQ(harness.write(1, header), 0);
+    EXPECT_EQ(harness.write(kTagSvg, record), 0);
+    EXPECT_EQ(harness.lines.back().substr(0, 11), "<svg xmlns=") << document;
+  }
+}
+
 _svg_style_props styleNamed(const char* name) {
   _svg_style_props style;
   initStyleProps(&style);
