@@ -149,11 +149,11 @@ bool deflateAll(Source& source, Sink& sink) {
   return true;
 }
 
-// After the end of a member: true when another one follows. Other bytes there are padding, and
-// ignored.
-bool nextMember(Feeder& feeder, z_stream& stream) {
+// After the end of a member: true when another one follows in what was read. Other bytes there are
+// padding, and ignored.
+bool nextMember(z_stream& stream) {
   constexpr Bytef kGzipFirstByte = 31;
-  if (!feeder.refill() || stream.avail_in == 0 || *stream.next_in != kGzipFirstByte) return false;
+  if (stream.avail_in == 0 || *stream.next_in != kGzipFirstByte) return false;
   return inflateReset(&stream) == Z_OK;
 }
 
@@ -167,10 +167,14 @@ bool inflateAll(Source& source, Sink& sink) {
     if (!feeder->refill()) return false;
     const int result = inflate(&stream, Z_NO_FLUSH);
     if (!drain->flush()) return false;
-    if (result == Z_STREAM_END && !nextMember(*feeder, stream)) return true;
+    if (result == Z_STREAM_END) {
+      if (!feeder->refill()) return false;
+      if (!nextMember(stream)) return true;
+      continue;
+    }
     if (result == Z_MEM_ERROR) return fail(CompressionFailure::kNoMemory);
     if (result < 0 && result != Z_BUF_ERROR) return fail(CompressionFailure::kDamaged);
-    if (result != Z_STREAM_END && feeder->ended()) return fail(CompressionFailure::kCutOff);
+    if (feeder->ended()) return fail(CompressionFailure::kCutOff);
   }
 }
 
