@@ -11,6 +11,7 @@ namespace egfsvg::test {
 namespace {
 
 using egfhost::FaultKind;
+using egfhost::FaultSpan;
 
 constexpr std::uint64_t kMostCalls = 5000;
 
@@ -44,9 +45,10 @@ class WriteFaultTest : public testing::TestWithParam<int> {
   void TearDown() override { egfhost::resetForTest(); }
 
   // Saves with the n-th call failing; false when there was no n-th call.
-  bool saveFailing(const char* call, std::uint64_t n, FaultKind kind) {
+  bool saveFailing(const char* call, std::uint64_t n, FaultKind kind,
+                   FaultSpan span = FaultSpan::kOnce) {
     egfhost::clearFaults();
-    EXPECT_TRUE(egfhost::armFault(call, n, kind)) << call;
+    EXPECT_TRUE(egfhost::armFault(call, n, kind, span)) << call;
     result = document.save(&written, GetParam());
     const bool struck = egfhost::faultsStruck() > 0;
     egfhost::clearFaults();
@@ -100,6 +102,30 @@ TEST_P(WriteFaultTest, EachAllocation) {
   EXPECT_LT(4, refused);
   EXPECT_EQ(0, result);
   EXPECT_EQ(reference, textOf(written));
+}
+
+// Memory that has run out is never taken for a good save.
+TEST_P(WriteFaultTest, NoAllocationFromThenOn) {
+  prepare();
+  std::uint64_t n = 1;
+  for (; saveFailing("RMM", n, FaultKind::kFail, FaultSpan::kForEver); ++n) {
+    const std::string what = "allocations from " + std::to_string(n);
+    checkWorld(what);
+    EXPECT_TRUE(result == 2 || result == 1 || result == -1) << what << ": " << result;
+    ASSERT_LT(n, kMostCalls);
+  }
+  EXPECT_LT(20u, n);
+  EXPECT_EQ(0, result);
+}
+
+TEST_P(WriteFaultTest, NoLineFromThenOn) {
+  prepare();
+  const std::uint64_t count = linesOf(reference).size();
+  for (std::uint64_t n = 1; n <= count; ++n) {
+    ASSERT_TRUE(saveFailing("FLR_PutLine", n, FaultKind::kFail, FaultSpan::kForEver)) << n;
+    EXPECT_EQ(1, result) << n;
+    checkWorld("lines from " + std::to_string(n));
+  }
 }
 
 TEST_P(WriteFaultTest, EachLine) {

@@ -203,6 +203,20 @@ TEST_F(DynaResourceTest, TheFileNamesTheResolutionOfTheView) {
   EXPECT_EQ(150.0, egfhost::resolutionOf(view));
 }
 
+TEST_F(DynaResourceTest, APageWithoutAView) {
+  ASSERT_NE(0u, create(kNamesResolution));
+  PageRequest request{0, 0, 0};
+  ASSERT_EQ(0, load(request));
+  EXPECT_EQ(2u, objectsOf(request.object));
+  EXPECT_EQ(96.0, egfhost::resolutionOf(view));
+  EXPECT_EQ(0u, ISL_GetViewProperty(0, view, kViewPalette));
+  EXPECT_EQ(0, call(kDynaUnloadPage, 0));
+  // The reader then serves a view.
+  request.view = view;
+  ASSERT_EQ(0, load(request));
+  EXPECT_EQ(150.0, egfhost::resolutionOf(view));
+}
+
 TEST_F(DynaResourceTest, AnUnloadedPageLoadsAnew) {
   ASSERT_NE(0u, create(kTwoPages));
   EXPECT_EQ(-1, call(kDynaUnloadPage, 0));
@@ -285,6 +299,37 @@ TEST_F(DynaResourceTest, AFailingHostAtTheStart) {
       ASSERT_LT(n, 500u);
     }
   }
+}
+
+// Memory that runs out, once or for good, leaves the page's place free and the resource usable.
+TEST_F(DynaResourceTest, PagesWithoutMemory) {
+  ASSERT_NE(0u, create(kTwoPages));
+  for (const auto span : {egfhost::FaultSpan::kOnce, egfhost::FaultSpan::kForEver}) {
+    int refused = 0;
+    bool struck = true;
+    for (std::uint64_t n = 1; struck; ++n) {
+      ASSERT_TRUE(egfhost::failAllocation(n, span));
+      PageRequest request{1, view, 77};
+      const int result = load(request);
+      struck = egfhost::faultsStruck() != 0;
+      egfhost::clearFaults();
+      EXPECT_TRUE(result == 0 || result == -1) << n << " " << result;
+      EXPECT_EQ(0, record().flags) << n;
+      EXPECT_EQ(openBefore, openFiles()) << n;
+      if (result == 0) {
+        EXPECT_EQ(0, call(kDynaUnloadPage, 1)) << n;
+        continue;
+      }
+      ++refused;
+      EXPECT_EQ(77u, request.object) << n;
+      EXPECT_EQ(-1, call(kDynaUnloadPage, 1)) << n;
+      ASSERT_LT(n, 5000u);
+    }
+    EXPECT_LT(5, refused);
+  }
+  PageRequest request{1, view, 0};
+  ASSERT_EQ(0, load(request));
+  EXPECT_EQ(2u, objectsInPageGroup(request.object));
 }
 
 TEST_F(DynaResourceTest, AThrowingHostKeepsNothingBusy) {
