@@ -87,8 +87,6 @@ void exchangeBlackAndWhite(int& red, int& green, int& blue) {
   }
 }
 
-bool isReference(const char* value) { return startsWith(value, "url"); }
-
 /// What stands in the brackets of "url(...)", without further brackets and blanks; null without
 /// memory.
 char* referenceText(const char* value) {
@@ -137,6 +135,15 @@ class RgbText {
 };
 
 }  // namespace
+
+bool isReference(const char* paint) { return startsWith(paint, "url"); }
+
+_svg_gradient* referencedGradient(const Map<_svg_gradient>& gradients, const char* paint) {
+  char* text = referenceText(paint);
+  _svg_gradient* gradient = gradients.find(text);
+  RMM_Free(text);
+  return gradient;
+}
 
 CurrentColor::CurrentColor(CHandlerReader& reader, _svg_pa_graphics* group, _svg_attrib_pair* pair)
     : pair_(pair) {

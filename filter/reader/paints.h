@@ -2,6 +2,7 @@
 #pragma once
 
 #include "model/groups.h"
+#include "model/svg_map.h"
 #include "reader/presentation_patterns.h"
 #include "reader/svg_handlerreader.h"
 
@@ -23,6 +24,12 @@ int setColor(CHandlerReader& reader, _svg_color Group::*field, Group* group,
   group->*field = parseColor(reader, pair);
   return 0;
 }
+
+/// Whether a paint is a "url(...)".
+bool isReference(const char* paint);
+
+/// The gradient that such a paint names, or null.
+_svg_gradient* referencedGradient(const Map<_svg_gradient>& gradients, const char* paint);
 
 /// A pair in which "currentColor" stands for the colour of the group. The given pair is never
 /// written to: it may belong to a rule that other elements use.

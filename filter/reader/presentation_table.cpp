@@ -13,6 +13,7 @@ using Target = PresentationTarget;
 struct PresentationRow {
   std::int32_t code;
   GroupCode group;
+  InheritWord inherit;
   void (*set)(Reader& reader, const Target& target, void* group, Pair* pair);
 };
 
@@ -41,10 +42,20 @@ constexpr GroupCode groupOf(Value Group::*) {
   return kGroupCodeOf<Group>;
 }
 
+template <class Group>
+constexpr InheritWord inheritWordOf(int (Reader::*)(Group*, Pair*)) {
+  return InheritWord::kKeeps;
+}
+template <class Group>
+constexpr InheritWord inheritWordOf(int (Reader::*)(_svg_common*, Group*, Pair*)) {
+  return InheritWord::kAsksTheParent;
+}
+
 /// A property with a setter of its own.
 template <auto Setter>
 constexpr PresentationRow property(std::int32_t code) {
-  return {code, groupOf(Setter), [](Reader& reader, const Target& target, void* group, Pair* pair) {
+  return {code, groupOf(Setter), inheritWordOf(Setter),
+          [](Reader& reader, const Target& target, void* group, Pair* pair) {
             call(reader, Setter, target, group, pair);
           }};
 }
@@ -52,7 +63,8 @@ constexpr PresentationRow property(std::int32_t code) {
 /// A paint, in which "currentColor" stands for the element's colour as it is by now.
 template <auto Setter>
 constexpr PresentationRow paint(std::int32_t code) {
-  return {code, groupOf(Setter), [](Reader& reader, const Target& target, void* group, Pair* pair) {
+  return {code, groupOf(Setter), inheritWordOf(Setter),
+          [](Reader& reader, const Target& target, void* group, Pair* pair) {
             auto* graphics = target.groups->find<_svg_pa_graphics>(target.record);
             CurrentColor value(reader, graphics, pair);
             call(reader, Setter, target, group, value.pair());
@@ -71,7 +83,8 @@ void setMember(Reader& reader, _svg_angle Group::*field, void* group, Pair* pair
 /// A length or an angle. Kept: "inherit" is read as a number and gives 0.
 template <auto Field>
 constexpr PresentationRow number(std::int32_t code) {
-  return {code, groupOf(Field), [](Reader& reader, const Target&, void* group, Pair* pair) {
+  return {code, groupOf(Field), InheritWord::kIsANumber,
+          [](Reader& reader, const Target&, void* group, Pair* pair) {
             setMember(reader, Field, group, pair);
           }};
 }
@@ -150,6 +163,10 @@ constexpr bool inOrder() {
 static_assert(inOrder());
 
 }  // namespace
+
+InheritWord inheritWordOf(std::int32_t presentationCode) {
+  return kRows[presentationCode - kFirstPresentation].inherit;
+}
 
 void applyPresentation(CHandlerReader& reader, const PresentationTarget& target, std::int32_t code,
                        _svg_attrib_pair* pair) {

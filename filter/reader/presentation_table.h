@@ -13,6 +13,12 @@ constexpr bool isPresentation(std::int32_t code) {
   return code >= kFirstPresentation && code <= kLastPresentation;
 }
 
+/// What the word "inherit" does to a property: nothing, since what is inherited stands there
+/// already; it asks the parent anew; or it is read as a number like any other text.
+enum class InheritWord { kKeeps, kAsksTheParent, kIsANumber };
+
+InheritWord inheritWordOf(std::int32_t presentationCode);
+
 /// The record that a property goes to. A null parent has nothing to inherit from.
 struct PresentationTarget {
   _svg_common* parent;

@@ -41,6 +41,19 @@ class SelectorKey {
   bool fits_ = true;
 };
 
+/// Goes through the declarations of the rule at a position of the style table, in order; those of a
+/// long rule that cannot be seen are left out.
+template <class Take>
+void eachDeclaration(Reader& reader, std::int32_t position, Take take) {
+  AttNode* node = reader.styles.at(position);
+  AttNode* const* some = reader.state.rules.effective(position, node, reader.gradients);
+  if (some != nullptr) {
+    for (; *some != nullptr; ++some) take(*some);
+    return;
+  }
+  for (; node != nullptr; node = node->next) take(node);
+}
+
 /// The element that rules are looked up for.
 struct Subject {
   Reader& reader;
@@ -56,8 +69,10 @@ struct Subject {
   template <class... Part>
   void apply(Part... parts) const {
     const SelectorKey key(parts...);
-    AttNode* node = rules().find(key.text(), key.length());
-    for (; node != nullptr; node = node->next) reader.SetAttribute(element, type, node);
+    const std::int32_t position = rules().isthere(key.text(), key.length());
+    if (position < 0) return;
+    eachDeclaration(reader, position,
+                    [&](AttNode* node) { reader.SetAttribute(element, type, node); });
   }
 };
 
@@ -201,15 +216,16 @@ int CHandlerReader::SetStyleBasedOnClass(void* element, int type) {
   _svg_common* named = head->classCount > 0 ? head : head->parent;
   if (named == nullptr) return 0;
   for (std::int32_t i = 0; i < named->classCount; ++i) {
-    AttNode* node = pGetStyleFromTable(named->classNames[i]);
-    if (node == nullptr) {
+    const std::int32_t position = styles.isthere(named->classNames[i]);
+    if (position < 0) {
       freeAll(named->classNames);
       named->classCount = 0;
+      break;
     }
-    for (; node != nullptr; node = node->next) {
+    eachDeclaration(*this, position, [&](AttNode* node) {
       _svg_attrib_pair pair{"", node->valueLength, node->value};
       SetDefsAttribute(static_cast<_svg_defs*>(element), node->code, &pair);
-    }
+    });
   }
   return 0;
 }
