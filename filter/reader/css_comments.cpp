@@ -32,13 +32,13 @@ std::int32_t skipCssComment(int& current, CssSource& source) {
   skipWhite(current, source);
   if (current == '/') {
     const int second = source.next();
-    if (second == '*') {
-      skipToCommentEnd(source);
-      current = source.next();
-      skipWhite(current, source);
-    } else if (second != CssSource::kEnd) {
-      source.stepBack();
+    if (second != '*') {
+      if (second != CssSource::kEnd) source.stepBack();
+      return 0;
     }
+    skipToCommentEnd(source);
+    current = source.next();
+    skipWhite(current, source);
   }
   return source.position() - start;
 }

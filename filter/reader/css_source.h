@@ -53,7 +53,8 @@ class CssText final : public CssSource {
 };
 
 /// Passes over white space and one comment; `current` is the byte at hand and becomes the byte
-/// behind them, or kEnd. Returns how many bytes were read; 0 when nothing stood there.
+/// behind them, or kEnd. Returns how many bytes were read; 0 when nothing stood there, and also at a
+/// "/" that opens no comment: white space before it is passed over all the same.
 std::int32_t skipCssComment(int& current, CssSource& source);
 
 }  // namespace egfsvg

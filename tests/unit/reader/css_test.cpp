@@ -90,7 +90,9 @@ TEST(CssRules, comments) {
       {"/* \xff b{fill:blue}", 0, "b{fill:blue;}\n"},
       {"/* never closed", 0, ""},
       {"/", -1, ""},
-      {"/ a{fill:red}", 0, "/ a{fill:red;}\n"}};
+      {"/ a{fill:red}", 0, "/ a{fill:red;}\n"},
+      {" \n / a{fill:red} / b{fill:red}", 0, "/ a{fill:red;}\n/ b{fill:red;}\n"},
+      {"a{ / fill:red}", -1, ""}};
   for (const SheetCase& row : cases) expectFile(row);
 }
 
@@ -376,7 +378,9 @@ TEST(StreamComments, skippedBytesAndTheNextOne) {
                      {' ', "/* x */a", 8, 'a', 8},
                      {'/', "a", 0, '/', 0},
                      {'/', "", 0, '/', 0},
-                     {' ', "/a", 1, '/', 1},
+                     {' ', "/a", 0, '/', 1},
+                     {'\n', " \t/ *", 0, '/', 3},
+                     {' ', "/", 0, '/', 1},
                      {'/', "* a]b", 5, 'b', 5},
                      {'/',
                       "* a\xff"

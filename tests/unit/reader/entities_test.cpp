@@ -31,6 +31,9 @@ TEST(Entities, declarationsUnderANumberSign) {
       {"a \"fill:red\" b \"fill:blue\" >", 0, "#a{fill:red;}\n#b{fill:blue;}\n"},
       {"a \"fill:red\" a \"stroke:blue\" >", 0, "#a{stroke:blue;}\n"},
       {"a \"fill:red\" A \"stroke:blue\" >", 0, "#A{stroke:blue;}\n"},
+      // A table takes no empty value: the older declarations stay.
+      {"a \"fill:red\" a \"\" >", 0, "#a{fill:red;}\n"},
+      {"a \"fill:red\" a \"foo:1\" >", 0, "#a{fill:red;}\n"},
       {">", 0, ""},
       {" \"\" >", 0, ""},
       {"st3 >", 0, ""},
