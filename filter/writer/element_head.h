@@ -10,13 +10,15 @@ namespace egfsvg {
 /// Lines of points and path segments are broken by the writer and go on behind four blanks.
 inline constexpr const char* kContinuation = "    ";
 
+/// References to style entities: of areas and paths, and of lines and polylines.
+inline constexpr const char* kAreaReference = "style=\"&st%s;\" %s";
+inline constexpr const char* kStrokeReference = "style=\"&stroke_st%s;\" %s";
+
 /// Three blanks, the element's opening, its class when it has one, and a blank.
 void startElement(const char* name, const _svg_common& head, LineBuilder& out);
 
-/// The style text: the attributes alone, or behind the reference that the head names (`out` then
-/// holds it).
-const LineBuilder& withReference(const _svg_common& head, const LineBuilder& attributes,
-                                 LineBuilder& out);
+/// The style text: the attributes alone, or behind the reference that the head names in the form of
+/// `format` (`out` then holds it).
 const LineBuilder& withReference(const _svg_common& head, const LineBuilder& attributes,
                                  const char* format, LineBuilder& out);
 

@@ -92,7 +92,7 @@ int CHandlerWriter::writeSVGPolylineTag(_svg_polyline* record, HostHandle stream
   GetLocalAttribs(record->fill, record->stroke, record->graphics, style_);
   AddLineJoinAttrib(record->stroke, style_);
   AddLineCapAttrib(record->stroke, style_);
-  const auto& style = withReference(record->head, style_, reference_);
+  const auto& style = withReference(record->head, style_, kStrokeReference, reference_);
   startElement("polyline", record->head, line_);
   line_.add("points=\"");
   if (putPoints(record->points, record->pointCount, kPolylineFormats, line_, stream) == -1) {
@@ -106,7 +106,7 @@ int CHandlerWriter::writeSVGPolygonTag(_svg_polygon* record, HostHandle stream) 
   if (record->points == nullptr) return 0;
   GetLocalAttribs(record->fill, record->stroke, record->graphics, style_);
   AddLineJoinAttrib(record->stroke, style_);
-  const auto& style = withReference(record->head, style_, reference_);
+  const auto& style = withReference(record->head, style_, kAreaReference, reference_);
   startElement("polygon", record->head, line_);
   line_.add("points=\"");
   if (putPoints(record->points, record->pointCount, kPolygonFormats, line_, stream) == -1) {
@@ -120,7 +120,7 @@ int CHandlerWriter::writeSVGPathTag(_svg_path* record, HostHandle stream) {
   GetLocalAttribs(record->fill, record->stroke, record->graphics, style_);
   AddLineJoinAttrib(record->stroke, style_);
   AddLineCapAttrib(record->stroke, style_);
-  const auto& style = withReference(record->head, style_, reference_);
+  const auto& style = withReference(record->head, style_, kAreaReference, reference_);
   startElement("path", record->head, line_);
   line_.add("d=\"");
   if (putSegments(*record, kAllForms, line_, stream) == -1) return -1;

@@ -5,12 +5,6 @@
 #include "writer/svg_handlerwriter.h"
 
 namespace egfsvg {
-namespace {
-
-constexpr const char* kStyleFormat = "style=\"&st%s;\" %s";
-constexpr const char* kStrokeStyleFormat = "style=\"&stroke_st%s;\" %s";
-
-}  // namespace
 
 /// With a reference to an entity, it stands before the attributes.
 const LineBuilder& withReference(const _svg_common& head, const LineBuilder& attributes,
@@ -18,11 +12,6 @@ const LineBuilder& withReference(const _svg_common& head, const LineBuilder& att
   if (head.styleRef == nullptr) return attributes;
   out.clear();
   return out.format(format, {head.styleRef, attributes});
-}
-
-const LineBuilder& withReference(const _svg_common& head, const LineBuilder& attributes,
-                                 LineBuilder& out) {
-  return withReference(head, attributes, kStyleFormat, out);
 }
 
 void startElement(const char* name, const _svg_common& head, LineBuilder& out) {
@@ -47,7 +36,7 @@ int CHandlerWriter::writeSVGLineTag(_svg_line* record, HostHandle stream) {
   using namespace egfsvg;
   GetLocalAttribs(record->fill, record->stroke, record->graphics, style_);
   AddLineCapAttrib(record->stroke, style_);
-  const auto& style = withReference(record->head, style_, kStrokeStyleFormat, reference_);
+  const auto& style = withReference(record->head, style_, kStrokeReference, reference_);
   startElement("line", record->head, line_);
   line_.format("x1=\"%.2f\"  y1=\"%.2f\" x2=\"%.2f\" y2=\"%.2f\" %s/>",
                {record->x1.value, record->y1.value, record->x2.value, record->y2.value, style});
@@ -58,7 +47,7 @@ int CHandlerWriter::writeSVGRectTag(_svg_rect* record, HostHandle stream) {
   using namespace egfsvg;
   GetLocalAttribs(record->fill, record->stroke, record->graphics, style_);
   AddLineJoinAttrib(record->stroke, style_);
-  const auto& style = withReference(record->head, style_, reference_);
+  const auto& style = withReference(record->head, style_, kAreaReference, reference_);
   startElement("rect", record->head, line_);
   line_.format("x=\"%ld\" y=\"%ld\" width=\"%ld\" height=\"%ld\" %s />",
                {wholeOf(record->x), wholeOf(record->y), wholeOf(record->width),
@@ -69,7 +58,7 @@ int CHandlerWriter::writeSVGRectTag(_svg_rect* record, HostHandle stream) {
 int CHandlerWriter::writeSVGCircleTag(_svg_circle* record, HostHandle stream) {
   using namespace egfsvg;
   GetLocalAttribs(record->fill, record->stroke, record->graphics, style_);
-  const auto& style = withReference(record->head, style_, reference_);
+  const auto& style = withReference(record->head, style_, kAreaReference, reference_);
   startElement("circle", record->head, line_);
   line_.format("cx=\"%.3f\"  cy=\"%.3f\" r=\"%.3f\" %s />",
                {record->cx.value, record->cy.value, record->r.value, style});
@@ -79,7 +68,7 @@ int CHandlerWriter::writeSVGCircleTag(_svg_circle* record, HostHandle stream) {
 int CHandlerWriter::writeSVGEllipseTag(_svg_ellipse* record, HostHandle stream) {
   using namespace egfsvg;
   GetLocalAttribs(record->fill, record->stroke, record->graphics, style_);
-  const auto& style = withReference(record->head, style_, reference_);
+  const auto& style = withReference(record->head, style_, kAreaReference, reference_);
   startElement("ellipse", record->head, line_);
   line_.format("cx=\"%.3f\"  cy=\"%.3f\" rx=\"%.3f\" ry=\"%.3f\" %s ",
                {record->cx.value, record->cy.value, record->rx.value, record->ry.value, style});
