@@ -30,8 +30,9 @@ bool setLineEnds(const UserScale& scale, const LineEnds& ends, _svg_line* record
   setPixels(record->y1, scale.y(ends.y1));
   setPixels(record->x2, scale.x(ends.x2));
   setPixels(record->y2, scale.y(ends.y2));
-  return std::fabs(record->x2.value - record->x1.value) >= kShortestLine ||
-         std::fabs(record->y2.value - record->y1.value) >= kShortestLine;
+  const bool narrow = std::fabs(record->x2.value - record->x1.value) < kShortestLine;
+  const bool low = std::fabs(record->y2.value - record->y1.value) < kShortestLine;
+  return !(narrow && low);
 }
 
 void keepMiterAlone(_svg_pa_stroke& stroke) {

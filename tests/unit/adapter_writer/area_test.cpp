@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "host/egf_templates.h"
 #include "tests/support/written_rows.h"
 

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "host/egf_templates.h"
 #include "tests/support/written_rows.h"
 
@@ -110,6 +112,10 @@ const WrittenRow kLineRows[] = {
      {"      .strk1 { fill:none; stroke:#0000ff; stroke-width:2.000000 }"}},
     {"too short", [](DrawingWriter&) { return shortLine(4.0F); }, {}, {}},
     {"too short on both axes", [](DrawingWriter&) { return shortLine(-4.0F, 4.0F); }, {}, {}},
+    {"an end that is nowhere",
+     [](DrawingWriter&) { return shortLine(std::numeric_limits<float>::quiet_NaN()); },
+     {R"~(   <line class="strk1" x1="0.00"  y1="0.00" x2="nan" y2="0.00" />)~"},
+     {"      .strk1 { fill:none; stroke:#0000ff; stroke-width:2.000000 }"}},
     {"just long enough",
      [](DrawingWriter&) { return shortLine(5.0F); },
      {R"~(   <line class="strk1" x1="0.00"  y1="0.00" x2="0.00" y2="0.00" />)~"},
