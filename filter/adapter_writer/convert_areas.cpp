@@ -44,7 +44,7 @@ void setRectGradients(CAdapterWriter& writer, const EgfPolygon& polygon,
 
 /// A radius in whole space units.
 double wholeRadius(float edge, float center) {
-  return std::fabs(double{shownInteger(double{edge} - double{center})});
+  return std::fabs(static_cast<double>(shownInteger(double{edge} - double{center})));
 }
 
 /// Class, gradients, paints, width and dashes of a circle or an ellipse.
