@@ -30,8 +30,12 @@ class BezierPathBuilder final : public PathSink {
   bool endSubPath(const _svg_singlepath& subPath) override;
 
  private:
+  enum class ArcForm { kWhole, kHalves, kCurve };
+
   bool isPlainArc(const ArcEnds& ends, const ArcCenter& arc) const;
-  bool putArc(const ArcEnds& ends, const ArcCenter& arc);
+  ArcCenter childArc(const ArcEnds& ends, const ArcCenter& arc) const;
+  bool putArc(const ArcCenter& arc, bool clockwise);
+  bool putArcHalves(const ArcCenter& arc, bool clockwise);
   bool putArcCurve(const ArcEnds& ends, const ArcCenter& arc);
   bool putCurve(RmmOwner<_mpl_spacept_tag> points, int count);
   bool addToRun(PlanePoint point);
@@ -40,6 +44,7 @@ class BezierPathBuilder final : public PathSink {
   void grow(PlanePoint point);
   void growByArc(const ArcEnds& ends, const ArcCenter& arc);
   _mpl_spacept_tag mapped(PlanePoint point) const;
+  static ArcForm formOf(const ArcCenter& child);
   static void turnCircle(double rotation, ArcCenter* arc);
 
   CAdapterReader& adapter_;

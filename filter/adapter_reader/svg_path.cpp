@@ -8,6 +8,7 @@
 #include "adapter_reader/point_arrays.h"
 #include "adapter_reader/svg_adapterreader.h"
 #include "geometry/angles.h"
+#include "geometry/arcs.h"
 #include "host/egf_bits.h"
 #include "host/egf_templates.h"
 #include "host/memory.h"
@@ -81,7 +82,16 @@ bool BezierPathBuilder::curveTo(const PlanePoint (&controls)[4]) {
 bool BezierPathBuilder::arcTo(const ArcEnds& ends, const ArcCenter& arc) {
   if (!attachRun()) return false;
   growByArc(ends, arc);
-  return isPlainArc(ends, arc) ? putArc(ends, arc) : putArcCurve(ends, arc);
+  if (!isPlainArc(ends, arc)) return putArcCurve(ends, arc);
+  const ArcCenter child = childArc(ends, arc);
+  switch (formOf(child)) {
+    case ArcForm::kWhole:
+      return putArc(child, ends.sweep);
+    case ArcForm::kHalves:
+      return putArcHalves(child, ends.sweep);
+    default:
+      return putArcCurve(ends, arc);
+  }
 }
 
 /// A class 4 child can hold an arc that the map neither turns nor shears, on the axes or circular.
@@ -90,10 +100,20 @@ bool BezierPathBuilder::isPlainArc(const ArcEnds& ends, const ArcCenter& arc) co
   return shear_ == 0.0 && rotation_ == 0.0 && upright && arc.end - arc.start >= kWholeDegree;
 }
 
-/// Arc angles of the host are polar, so an ellipse's parameters are scaled into them first.
-bool BezierPathBuilder::putArc(const ArcEnds& ends, const ArcCenter& center) {
-  ObjectOwner object(newObject(kClassArc, RMM_SITE));
-  if (!object) return false;
+/// An arc is whole where it will be written with the flag that it has. A small one in one whole
+/// degree would come back as the rest of the ellipse; one of nearly half a turn as its counterpart.
+BezierPathBuilder::ArcForm BezierPathBuilder::formOf(const ArcCenter& child) {
+  constexpr double kHalfTurn = 180.0;
+  constexpr double kSameHalf = 0.01;  // degrees by which a half turn is either
+  const double sweep = child.end - child.start;
+  const bool large = writtenLarge(millionths(child.start), millionths(child.end));
+  if (sweep < kWholeDegree) return large ? ArcForm::kCurve : ArcForm::kWhole;
+  return large && sweep < kHalfTurn - kSameHalf ? ArcForm::kHalves : ArcForm::kWhole;
+}
+
+/// The arc as a child holds it. Arc angles of the host are polar, so an ellipse's parameters are
+/// scaled into them first.
+ArcCenter BezierPathBuilder::childArc(const ArcEnds& ends, const ArcCenter& center) const {
   ArcCenter arc = center;
   if (ends.rotation != 0.0) turnCircle(ends.rotation, &arc);
   if (arc.rx != arc.ry) scaleArcAngles(&arc.start, &arc.end, arc.rx, arc.ry);
@@ -103,14 +123,30 @@ bool BezierPathBuilder::putArc(const ArcEnds& ends, const ArcCenter& center) {
     arc.rx *= scaleX_;
     arc.ry *= scaleY_;
   }
+  return arc;
+}
+
+bool BezierPathBuilder::putArc(const ArcCenter& arc, bool clockwise) {
+  ObjectOwner object(newObject(kClassArc, RMM_SITE));
+  if (!object) return false;
   EgfArc* record = as<EgfArc>(object.get());
   record->pen = kArcPen;
-  record->center = mapped({center.cx, center.cy});
+  record->center = mapped({arc.cx, arc.cy});
   record->radiusPt = {static_cast<float>(arc.rx), static_cast<float>(arc.ry)};
   record->startAngle = millionths(arc.start);
   record->endAngle = millionths(arc.end);
-  record->pen.arcFlags = ArcDirectionBits::with(record->pen.arcFlags, ends.sweep ? 1 : 0);
+  record->pen.arcFlags = ArcDirectionBits::with(record->pen.arcFlags, clockwise ? 1 : 0);
   return handOver(target_, object);
+}
+
+/// In drawing order: a clockwise arc is drawn from its end.
+bool BezierPathBuilder::putArcHalves(const ArcCenter& arc, bool clockwise) {
+  const double middle = (arc.start + arc.end) / 2.0;
+  ArcCenter first = arc;
+  ArcCenter second = arc;
+  (clockwise ? first.start : first.end) = middle;
+  (clockwise ? second.end : second.start) = middle;
+  return putArc(first, clockwise) && putArc(second, clockwise);
 }
 
 /// On a circle the x-axis rotation is taken off both angles.

@@ -16,14 +16,6 @@ namespace {
 constexpr double kShortestPart = 0.0001;  // of a line child, in user units
 constexpr std::int32_t kCurvePoints = 3;
 
-/// Kept: two ends in one whole degree count as the long way round.
-std::int32_t largeArc(std::int32_t start, std::int32_t end) {
-  const std::int32_t turn = start / kMillionths - end / kMillionths;
-  constexpr std::int32_t kHalf = 180;
-  constexpr std::int32_t kWhole = 360;
-  return (turn >= 0 && turn < kHalf) || (turn >= -kWhole && turn <= -kHalf) ? 1 : 0;
-}
-
 /// Kept: the direction bits are a number from -2 to 1, of which the absolute value is written.
 std::int32_t sweepOf(unsigned direction) {
   constexpr unsigned kSignBit = 2;
@@ -167,7 +159,7 @@ int SubPathWalk::addArc(_egf_obj* child) {
       polarArcEnds(arc.center, radii.x, radii.y, arc.startAngle, arc.endAngle);
   const unsigned direction = ArcDirectionBits::get(arc.pen.arcFlags);
   arcTo(direction == 0 ? ends : ArcEndPoints{ends.last, ends.first}, radii,
-        largeArc(arc.startAngle, arc.endAngle), sweepOf(direction));
+        writtenLarge(arc.startAngle, arc.endAngle) ? 1 : 0, sweepOf(direction));
   return 0;
 }
 
@@ -176,7 +168,7 @@ int SubPathWalk::addEllipse(_egf_obj* child) {
   const _mpl_spacept_tag radii{std::fabs(ellipse.radiusPt.x - ellipse.center.x),
                                std::fabs(ellipse.radiusPt.y - ellipse.center.y)};
   arcTo(polarArcEnds(ellipse.center, radii.x, radii.y, ellipse.startAngle, ellipse.endAngle), radii,
-        largeArc(ellipse.startAngle, ellipse.endAngle), 0);
+        writtenLarge(ellipse.startAngle, ellipse.endAngle) ? 1 : 0, 0);
   return 0;
 }
 

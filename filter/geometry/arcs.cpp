@@ -142,6 +142,16 @@ _mpl_spacept_tag* discretizePolarArc(const _mpl_spacept_tag& center, float rx, f
                            count);
 }
 
+/// Kept: two ends in one whole degree count as the long way round, and an arc of a little less than
+/// half a turn can.
+bool writtenLarge(std::int32_t start, std::int32_t end) {
+  constexpr std::int32_t kWholeDegree = 1'000'000;
+  constexpr std::int32_t kHalf = 180;
+  constexpr std::int32_t kWhole = 360;
+  const std::int32_t turn = start / kWholeDegree - end / kWholeDegree;
+  return (turn >= 0 && turn < kHalf) || (turn >= -kWhole && turn <= -kHalf);
+}
+
 ArcEndPoints polarArcEnds(const _mpl_spacept_tag& center, float rx, float ry, std::int32_t start,
                           std::int32_t end) {
   if (rx == ry) {

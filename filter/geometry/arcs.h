@@ -22,6 +22,9 @@ struct ArcEndPoints {
 ArcEndPoints polarArcEnds(const _mpl_spacept_tag& center, float rx, float ry, std::int32_t start,
                           std::int32_t end);
 
+/// The large-arc flag that an arc is written with: whole degrees tell it.
+bool writtenLarge(std::int32_t start, std::int32_t end);
+
 /// An arc by the parameters of an ellipse whose axes are turned by `rotation` (radians, SVG
 /// 1.1 x-axis-rotation). At least one segment for each degree and a half.
 _mpl_spacept_tag* discretizeTurnedArc(const _mpl_spacept_tag& center, float rx, float ry,

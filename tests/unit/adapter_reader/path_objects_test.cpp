@@ -168,6 +168,63 @@ TEST(PathObjects, UprightArcsStayArcs) {
   }
 }
 
+/// The path data of an arc about (110,110), by its host angles.
+std::string arcData(double rx, double ry, double start, double end, bool clockwise) {
+  const auto at = [&](double degrees) {
+    const double t = degrees * std::numbers::pi / 180.0;
+    char text[64];
+    std::snprintf(text, sizeof text, "%.6f,%.6f", 110.0 + rx * std::cos(t),
+                  110.0 - ry * std::sin(t));
+    return std::string(text);
+  };
+  const std::string radii = std::to_string(rx) + "," + std::to_string(ry);
+  return "M" + at(clockwise ? end : start) + " A" + radii + " 0 " +
+         (end - start > 180.0 ? "1 " : "0 ") + (clockwise ? "1 " : "0 ") +
+         at(clockwise ? start : end);
+}
+
+/// "4[10.9-190.1 0x01]" for each arc child, in tenths of a degree; else the class alone.
+std::string arcText(const std::string& d) {
+  const DrawnPage page(svgOf(d));
+  auto* path = page.only<EgfPath>(kClassPath);
+  if (path == nullptr) return "";
+  std::string text;
+  for (_egf_obj* child : DrawnPage::children(&path->head)) {
+    char part[64];
+    std::snprintf(part, sizeof part, "%d", child->layoutClass);
+    if (child->layoutClass == kClassArc) {
+      const auto* arc = as<EgfArc>(child);
+      std::snprintf(part, sizeof part, "4[%.1f-%.1f 0x%02x]", arc->startAngle / 1e6,
+                    arc->endAngle / 1e6, static_cast<unsigned>(arc->pen.arcFlags));
+    }
+    text += (text.empty() ? "" : " ") + std::string(part);
+  }
+  return text;
+}
+
+// Whole degrees tell the large flag when an arc is written: those that would come back as another
+// arc are cut in half, or become curves.
+TEST(PathObjects, ArcsKeepTheirFlagsInWholeDegrees) {
+  struct Row {
+    double rx, ry, start, end;
+    bool clockwise;
+    const char* children;
+  };
+  const Row rows[] = {{100, 100, 10.9, 190.1, false, "4[10.9-100.5 0x01] 4[100.5-190.1 0x01]"},
+                      {100, 100, 10.9, 190.1, true, "4[100.5-190.1 0x05] 4[10.9-100.5 0x05]"},
+                      {100, 100, 10.1, 189.9, false, "4[10.1-189.9 0x01]"},
+                      {100, 100, 10.9, 190.9, false, "4[10.9-190.9 0x01]"},
+                      {100, 100, 10.1, 190.8, true, "4[10.1-190.8 0x05]"},
+                      {100, 100, 10.9, 12.1, false, "4[10.9-12.1 0x01]"},
+                      {100, 100, 10.1, 10.9, false, "9"},
+                      {100, 10, 0.5, 3.0, true, "9"},  // polar angles of 0.05 and 0.3
+                      {100, 10, 8.0, 12.0, true, "4[0.8-1.2 0x05]"}};  // across a whole degree
+  for (const Row& row : rows) {
+    const std::string d = arcData(row.rx, row.ry, row.start, row.end, row.clockwise);
+    EXPECT_EQ(arcText(d), row.children) << d;
+  }
+}
+
 TEST(PathObjects, TurnedArcsBecomeCurves) {
   struct CountRow {
     const char* d;
