@@ -9,7 +9,10 @@
 namespace egfsvg {
 namespace {
 
-bool isRoot(const Transfer& t) { return t.object == t.writer.objectTree->root.get(); }
+bool isRoot(const Transfer& t) {
+  const EgfTreeBody* tree = t.writer.objectTree;
+  return tree != nullptr && t.object == tree->root.get();
+}
 
 /// A group whose first object is a viewport rectangle, in the kinds of document that have them.
 bool isNestedSvg(const Transfer& t) {

@@ -349,6 +349,16 @@ TEST(WrittenFile, PoolsAreEmptyInEachFile) {
   }
 }
 
+TEST(WrittenFile, ObjectsAloneNeedNoTree) {
+  DrawingWriter drawing;
+  OpenWriter writer(drawing.stream(), drawing.document());
+  _adapterWriteData data = writer.request(0);
+  const OwnedObject object(group({box(0, 0, 10, 10, kPen), group({})}));
+  EXPECT_EQ(writer->AdapterTransferData(object.get(), &data, 0), kOk);
+  EXPECT_EQ(drawing.lines, (Lines{"  <g  >", kSmallRect, "  <g  >", "  </g>", "  </g>"}));
+  EXPECT_EQ(writer->AdapterTransferData(nullptr, &data, 0), kOk);
+}
+
 TEST(WrittenFile, TheScriptIsNoPartOfIt) {
   DrawingWriter drawing;
   OpenWriter writer(drawing.stream(), drawing.document());
