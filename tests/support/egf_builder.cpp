@@ -159,6 +159,8 @@ _egf_obj* ellipse(double cx, double cy, double rx, double ry, const AreaPen& pen
   record->pen.fillColor = colourOf(pen.fill);
   record->pen.lineStyle = pen.lineStyle;
   record->pen.fillStyle = pen.fillStyle;
+  record->pen.joinStyle = pen.joinStyle;
+  record->pen.modeFlags = FillRuleBits::with(record->pen.modeFlags, pen.evenOdd ? 1 : 0);
   record->pen.scaleFactor = 1.0;
   record->pen.ellipseRotation = millionths(rotation);
   setStyles(record, pen);

@@ -289,8 +289,6 @@ TEST(PrintedObjects, EllipsesAndCircles) {
         ellipse(center.x, center.y, radii.x, round ? radii.x : radii.y, s.areaPen()),
         [&](EgfEllipse& r) {
           r.pen.lineWidth = s.lineWidth();
-          r.pen.joinStyle = s.join;
-          r.pen.modeFlags = s.evenOdd ? 3 : 2;
           r.pen.ellipseRotation = rotation;
         });
     const EgfEllipse record = *as<EgfEllipse>(object);
