@@ -25,8 +25,12 @@ constexpr unsigned kStepBits = 3;
 constexpr std::uint32_t kBins = kExactBins + (20 - kExactBits + 1) * (1u << kStepBits);
 constexpr std::uint32_t kBinWords = (kBins + 63) / 64;
 
+// What the system may map at once; the cage starts at a multiple of it.
+constexpr std::size_t kLargePage = std::size_t{1} << 21;
 // How much more address space is made readable at a time.
 constexpr std::uint32_t kCommitStep = 1024;
+// Pages at the front that stay small ones, so that a small drawing takes little memory.
+constexpr std::uint32_t kSmallPages = 1024;
 // Freed pages that are kept at hand before the system gets them back.
 constexpr std::uint32_t kDirtyPagesKept = 16384;
 // Free runs of the fitting bin that are tried before a larger one is cut.
@@ -109,6 +113,8 @@ bool commitUpTo(std::uint32_t end) {
   char* const from = pageAddress(std::max(state.committed, 1u));
   const std::size_t bytes = static_cast<std::size_t>(pageAddress(target - 1) + kPageSize - from);
   if (mprotect(from, bytes, PROT_READ | PROT_WRITE) != 0) return false;
+  // A large drawing is faulted in by large pages; advice that is not taken changes nothing.
+  if (!kPoisoning && state.committed >= kSmallPages) madvise(from, bytes, MADV_HUGEPAGE);
   state.committed = target;
   return true;
 }
@@ -153,10 +159,11 @@ std::uint32_t takeUsed(std::uint32_t pages) {
 bool reserveCage() {
   if (state.reserved) return cageStart != nullptr;
   state.reserved = true;
-  void* const base =
-      mmap(nullptr, kCageSize, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+  void* const base = mmap(nullptr, kCageSize + kLargePage, PROT_NONE,
+                          MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
   if (base == MAP_FAILED) return false;
-  cageStart = static_cast<char*>(base);
+  const auto address = reinterpret_cast<std::uintptr_t>(base);
+  cageStart = static_cast<char*>(base) + (kLargePage - address % kLargePage) % kLargePage;
   RMM_cageBase = cageStart;
   return true;
 }

@@ -141,7 +141,11 @@ void freeObject(_egf_obj* object) noexcept {
       continue;
     }
     _egf_obj* parent = at == object ? nullptr : at->parent.get();
-    if (parent != nullptr) setChildren(parent, at->next.get(), nullptr);
+    if (parent != nullptr) {
+      _egf_obj* const next = at->next.get();
+      __builtin_prefetch(next);  // the tree is larger than the caches
+      setChildren(parent, next, nullptr);
+    }
     freeOwned(at);
     RMM_Free(at);
     if (parent == nullptr) return;
