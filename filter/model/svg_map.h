@@ -1,7 +1,7 @@
 // The keyed table of the reader: entries in order of insertion, keys compared without regard to
-// case, the first match counting. Keys are owned by the map, values are not. A hash index over the
-// lower-cased keys is built once the table is worth it; without memory for it, looks walk the
-// entries.
+// case, the first match counting. Keys are owned by the map, values are not. The first look-up in a
+// table that is worth it builds a hash index over the lower-cased keys; without memory for it, looks
+// walk the entries.
 #pragma once
 
 #include <cstddef>
@@ -14,13 +14,28 @@
 
 namespace egfsvg {
 
-/// FNV-1a over the lower-cased bytes.
-constexpr std::uint32_t hashNoCase(const char* text, std::size_t length) {
-  std::uint32_t hash = 2166136261U;
-  for (std::size_t i = 0; i < length; ++i) {
-    hash = (hash ^ static_cast<unsigned char>(lower(text[i]))) * 16777619U;
+/// The letters A to Z of eight bytes made lower-case; bytes above 127 stay.
+constexpr std::uint64_t lowerWord(std::uint64_t word) {
+  constexpr std::uint64_t kOnes = 0x0101010101010101U;
+  constexpr std::uint64_t kHigh = 0x80 * kOnes;
+  const std::uint64_t low = word & ~kHigh;
+  const std::uint64_t fromA = low + (0x80 - 'A') * kOnes;
+  const std::uint64_t beyondZ = low + (0x7f - 'Z') * kOnes;
+  return word | ((fromA ^ beyondZ) & ~word & kHigh) >> 2;
+}
+
+/// Multiplies and folds, eight bytes at a time, over the lower-cased text.
+inline std::uint32_t hashNoCase(const char* text, std::size_t length) {
+  constexpr std::uint64_t kSpreading = 0x9e3779b97f4a7c15U;  // 2^64 by the golden ratio
+  constexpr std::size_t kWord = sizeof(std::uint64_t);
+  std::uint64_t hash = length;
+  for (std::size_t at = 0; at < length; at += kWord) {
+    std::uint64_t word = 0;
+    std::memcpy(&word, text + at, length - at < kWord ? length - at : kWord);
+    hash = (hash ^ lowerWord(word)) * kSpreading;
+    hash ^= hash >> 32;
   }
-  return hash;
+  return static_cast<std::uint32_t>(hash);
 }
 
 /// Open-addressed slots that hold entry numbers from 1; 0 is free.
@@ -77,7 +92,7 @@ class Map {
   }
   std::int32_t isthere(const char* key, std::size_t length) const {
     if (key == nullptr || count == 0) return -1;
-    return index_.slots != nullptr ? lookUp(key, length) : walk(key, length);
+    return isIndexed() ? lookUp(key, length) : walk(key, length);
   }
 
   /// The value at a position, or null outside the table.
@@ -100,6 +115,15 @@ class Map {
     return nullptr;
   }
 
+  /// Takes over a key that is not in the table. False without memory: nothing has changed.
+  bool append(char* key, V* value) {
+    if (count == capacity_ && !grow()) return false;
+    entries[count] = {key, value};
+    ++count;
+    if (index_.holds(count)) index_.put(egfsvg::hashNoCase(key, std::strlen(key)), count - 1);
+    return true;
+  }
+
   /// Frees the keys in order and the arrays. Values stay with their owner.
   void clear() {
     for (std::int32_t i = 0; i < count; ++i) egfsvg::freeAll(entries[i].key);
@@ -119,18 +143,6 @@ class Map {
     return old;
   }
 
-  bool append(char* key, V* value) {
-    if (count == capacity_ && !grow()) return false;
-    entries[count] = {key, value};
-    ++count;
-    if (index_.holds(count)) {
-      index_.put(egfsvg::hashNoCase(key, std::strlen(key)), count - 1);
-    } else if (count > egfsvg::KeyIndex::kWorthIt) {
-      rebuild();
-    }
-    return true;
-  }
-
   bool grow() {
     constexpr std::int32_t kMost = 0x3fffffff;
     const std::int32_t wanted = capacity_ == 0 ? kFirstCapacity : capacity_ * 2;
@@ -145,11 +157,14 @@ class Map {
     return true;
   }
 
-  void rebuild() {
-    if (!index_.make(count)) return;
+  /// Whether the index tells of every entry; it is made when it is worth it.
+  bool isIndexed() const {
+    if (index_.holds(count)) return true;
+    if (count <= egfsvg::KeyIndex::kWorthIt || !index_.make(count)) return false;
     for (std::int32_t i = 0; i < count; ++i) {
       index_.put(egfsvg::hashNoCase(entries[i].key, std::strlen(entries[i].key)), i);
     }
+    return true;
   }
 
   std::int32_t walk(const char* key, std::size_t length) const {
@@ -165,10 +180,16 @@ class Map {
       const std::uint32_t slot = index_.slots[at];
       if (slot == 0) return -1;
       const auto entry = static_cast<std::int32_t>(slot - 1);
-      if (egfsvg::equalsNoCase(key, length, entries[entry].key)) return entry;
+      if (isKeyOf(entries[entry], key, length)) return entry;
     }
   }
 
+  /// Most keys are asked for as they were written.
+  static bool isKeyOf(const Entry& entry, const char* key, std::size_t length) {
+    if (std::strncmp(entry.key, key, length) == 0) return entry.key[length] == '\0';
+    return egfsvg::equalsNoCase(key, length, entry.key);
+  }
+
   std::int32_t capacity_ = 0;
-  egfsvg::KeyIndex index_;
+  mutable egfsvg::KeyIndex index_;
 };

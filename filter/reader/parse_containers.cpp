@@ -75,15 +75,14 @@ bool applyAttributes(CHandlerReader& reader, Record* record) {
   return false;
 }
 
-/// Hands the record over to its table, under its number. Null without memory.
+/// Hands the record over to its table, under its number, which none has had before. Null without
+/// memory.
 template <class Record>
 Record* enter(CHandlerReader& reader, Map<Record>& table, Owned<Record> record) {
   char text[kIndexTextSize];
   const char* end = std::to_chars(text, text + sizeof text, record->head.index).ptr;
   char* key = duplicateText(text, static_cast<std::size_t>(end - text), RMM_SITE);
-  bool stored = false;
-  table.insert(key, record.get(), &stored);
-  if (stored) return record.release();
+  if (key != nullptr && table.append(key, record.get())) return record.release();
   freeAll(key);
   reader.state.outOfMemory = true;
   return nullptr;
