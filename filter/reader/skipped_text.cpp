@@ -1,6 +1,7 @@
 // Text that is no tag: comments, CDATA, and the look back at whether a tag closed itself.
 #include <algorithm>
 #include <cstring>
+#include <string_view>
 
 #include "model/characters.h"
 #include "model/rmm_allocator.h"
@@ -34,16 +35,20 @@ CommentStep stepPastOpener(SourceCursor& source, int& byte) {
   return CommentStep::kBadEnd;
 }
 
-/// Tells, from byte to byte, whether a stretch ends its last "/" with white space and ">".
+/// Tells, from piece to piece, whether a stretch ends its last "/" with white space and ">".
 class ClosedTest {
  public:
-  void feed(char byte) {
-    if (byte == '/') {
+  void feed(std::string_view piece) {
+    const std::size_t slash = piece.rfind('/');
+    if (slash != piece.npos) {
       pending_ = true;
       closed_ = false;
-    } else if (pending_ && !egfsvg::isWhite(byte)) {
+      piece.remove_prefix(slash + 1);
+    }
+    for (std::size_t i = 0; pending_ && i < piece.size(); ++i) {
+      if (egfsvg::isWhite(piece[i])) continue;
       pending_ = false;
-      closed_ = byte == '>';
+      closed_ = piece[i] == '>';
     }
   }
   bool closed() const { return closed_; }
@@ -106,9 +111,8 @@ int CHandlerReader::isSVGTagClosed(int start, int end) {
   for (std::int32_t left = end - start; left > 0;) {
     if (source.peek() == kSourceEnd) break;
     const std::int32_t part = std::min(left, static_cast<std::int32_t>(source.end() - source.at()));
-    const char* const stop = source.at() + part;
-    for (const char* at = source.at(); at != stop; ++at) test.feed(*at);
-    source.moveTo(stop);
+    test.feed({source.at(), static_cast<std::size_t>(part)});
+    source.moveTo(source.at() + part);
     left -= part;
   }
   return test.closed() ? 1 : 0;
