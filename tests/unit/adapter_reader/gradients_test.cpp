@@ -160,6 +160,54 @@ TEST(Gradients, StopsCarryOpacityAndExchangedColours) {
   EXPECT_EQ(colourWord(p.ramp.stopColors[2]), 0x00000000U);
 }
 
+TEST(Gradients, OpacitiesStayInTheirRange) {
+  struct Row {
+    const char* opacity;
+    int alpha;
+  };
+  const Row rows[] = {{"-1", 0},      {"2", 255},    {"50%", 255}, {".999", 254},
+                      {"1e999", 255}, {"-1e999", 0}, {"", 0},      {"x", 0}};
+  for (const Row& row : rows) {
+    const Painted p = painted(linear("", kSquare,
+                                     std::string("<stop offset=\"0\" stop-opacity=\"") +
+                                         row.opacity + "\"/><stop offset=\"1\"/>"));
+    EXPECT_EQ(static_cast<int>(p.ramp.stopAlpha[1]), row.alpha) << row.opacity;
+  }
+}
+
+// Words and numbers that no honest file holds, and a box without width.
+TEST(Gradients, OddValues) {
+  const char* const attributes[] = {"gradientTransform=\"translate()\"",
+                                    "gradientTransform=\"matrix(1)\"",
+                                    "gradientTransform=\"scale(0)\"",
+                                    "gradientTransform=\"matrix(0,0,0,0,0,0)\"",
+                                    "x1=\"1e999\"",
+                                    "x1=\"-1e999\" x2=\"1e999\"",
+                                    "x1=\"1\" x2=\"1\" y1=\"1\" y2=\"1\"",
+                                    "r=\"0\"",
+                                    "r=\"-1\"",
+                                    "r=\"1e999\"",
+                                    "r=\"1e-30\"",
+                                    "fx=\"1e30\" fy=\"-1e30\"",
+                                    "gradientUnits=\"userSpaceOnUse\" r=\"1e20\"",
+                                    "gradientUnits=\"userSpaceOnUse\" x2=\"1e-30\"",
+                                    "spreadMethod=\"PAD\"",
+                                    "xlink:href=\"#a\""};
+  const char* const figures[] = {
+      "<rect width=\"100\" height=\"100\" fill=\"url(#a)\"/>",
+      "<ellipse rx=\"30\" ry=\"1e-9\" fill=\"url(#a)\"/>",
+      "<line x1=\"5\" y1=\"1\" x2=\"5\" y2=\"90\" stroke-width=\"0\" stroke=\"url(#a)\"/>",
+      "<path d=\"M1 1L1 1L1 1\" fill=\"url(#a)\"/>"};
+  for (const char* tag : {"linearGradient", "radialGradient"}) {
+    for (const char* row : attributes) {
+      for (const char* figure : figures) {
+        const DrawnPage page(drawing(tag, row, figure));
+        EXPECT_EQ(page.result(), 0) << tag << " " << row << " " << figure;
+      }
+    }
+  }
+}
+
 TEST(Gradients, WithoutStopsNothingIsFilled) {
   const Painted none = painted(linear("", kSquare, ""));
   EXPECT_EQ(none.fillStyle, kFillNone);

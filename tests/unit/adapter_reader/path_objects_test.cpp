@@ -5,6 +5,7 @@
 #include <cmath>
 #include <numbers>
 #include <random>
+#include <vector>
 
 #include "adapter_reader/svg_adapterreader.h"
 #include "embedded_host/host_settings.h"
@@ -265,10 +266,11 @@ TEST(PathObjects, TheWholeFigureIsPainted) {
 }
 
 /// A path element filled from its text, for the formatter that hotspots use.
-EgfPolygon* flattened(CAdapterReader& adapter, const char* d) {
+EgfPolygon* flattened(CAdapterReader& adapter, const char* d, int pathFlag = 0) {
   CHandlerReader reader;
   _svg_path path;
   initPath(&path);
+  path.pathFlag = pathFlag;
   path.head.type = kTagPath;
   reader.SetPathAtt(&path, d);
   auto* object = adapter.SVG_formatEGFPath(&path);
@@ -295,6 +297,31 @@ TEST(FlatPaths, BecomeOnePolygon) {
     EXPECT_EQ(static_cast<bool>(polygon->subPathSizes), row.subPaths > 1) << row.d;
     EXPECT_EQ(+polygon->subPathCount, static_cast<std::uint32_t>(row.subPaths)) << row.d;
     EXPECT_EQ(polygon->pen.modeFlags & 6, 2) << row.d;
+    EEL_DestroyObject(&polygon->head);
+  }
+}
+
+// A sub-path that a move opened within another one is closed too, when the path has a parent.
+TEST(FlatPaths, SizesOfSubPaths) {
+  struct SizeRow {
+    const char* d;
+    int pathFlag;
+    std::vector<int> sizes;
+  };
+  const SizeRow rows[] = {{"M0 0 L9 0 L9 9 M1 1 L5 1 L5 5", 0, {3, 3}},
+                          {"M0 0 L9 0 L9 9 M1 1 L5 1 L5 5", 1, {3, 4}},
+                          {"M0 0 L9 0 L9 9 M1 1 L5 1 L1 1", 1, {3, 3}},
+                          {"M0 0 L9 0 L9 9 Z M1 1 L5 1 L5 5", 1, {4, 3}},
+                          {"M0 0 L9 0 M1 1 M2 2 L5 5", 1, {2, 1, 3}}};
+  CAdapterReader adapter;
+  for (const SizeRow& row : rows) {
+    EgfPolygon* polygon = flattened(adapter, row.d, row.pathFlag);
+    ASSERT_NE(polygon, nullptr) << row.d;
+    std::vector<int> sizes;
+    for (std::uint32_t i = 0; i < polygon->subPathCount; ++i) {
+      sizes.push_back(polygon->subPathSizes[i]);
+    }
+    EXPECT_EQ(sizes, row.sizes) << row.d << " " << row.pathFlag;
     EEL_DestroyObject(&polygon->head);
   }
 }

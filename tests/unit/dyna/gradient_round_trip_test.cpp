@@ -352,6 +352,7 @@ TEST_F(GradientRoundTrip, VectorsOnEveryShape) {
         const auto first = gradientOf(text);
         const auto second = gradientOf(written(text));
         ASSERT_TRUE(first && second);
+        EXPECT_EQ(spread == std::string("reflect"), first->reflects);
         expectVector(*first, *second, false);
       }
     }

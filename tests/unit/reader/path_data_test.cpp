@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <charconv>
+#include <cstdlib>
+#include <random>
 #include <string>
 #include <string_view>
 
@@ -95,6 +97,17 @@ TEST(PathData, BecomesSubPaths) {
       {"M0 0L1 1,", "0; [M(0,0) L(1,1) L(0,0)] c1 f0"},  // a trailing comma is one more command
       {"M0 0L.5.5 9 9", "0; [M(0,0) L(0.5,9) L(9,0)] c0 f0"},
       {"M1+2 3", "0; [M(1,3)] c1 f0"},
+      {"M0 0,L5 5", "0; [M(0,0) L(5,5)] c0 f0"},
+      {"M0 0,H5", "0; [M(0,0) L(5,0)] c0 f0"},  // the letter behind the comma goes unseen
+      {"L5 5", "0; [L(5,5)] c1 f0"},
+      {"M0 0l3 4zm1 1 2 2", "0; [M(0,0) l(3,4) Z] c1 f0; [m(1,1) l(2,2)] c0 f0"},
+      {"M0 0ZZ", "0; [M(0,0) Z] c1 f0; [Z] c1 f0"},
+      {"M1 1M1 1", "0; [M(1,1)] c1 f0; [M(1,1)] c1 f1"},
+      {"x5 5M1 1", "0; [M(1,1)] c1 f0"},
+      {"M0 0A5 5 0 0.4 0.6 9 9", "0; [M(0,0) A(9,9,5,5,0,0,1)] c0 f0"},
+      {"M0 0A5 5 0 -1 2 9 9", "0; [M(0,0) A(9,9,5,5,0,-1,2)] c0 f0"},
+      {"M0 0 L 1e-2-1e2", "0; [M(0,0) L(0.01,-100)] c0 f0"},
+      {"M-0 0 L0 0", "0; [M(-0,0) L(0,0)] c1 f0"},
       {"M0 0Z3", "0; [M(0,0) Z] c1 f0; [Z] c1 f0"},  // each byte closes once more
   };
   for (const PathRow& row : rows) EXPECT_EQ(parsed(row.text), row.expected) << row.text;
@@ -133,6 +146,41 @@ TEST(PathData, NumbersRunToTheirEnd) {
   EXPECT_EQ(reader.GetNextPathCoord("1-2", index), 1.0);
   EXPECT_EQ(reader.GetNextPathCoord("1-2", index), -2.0);
   EXPECT_EQ(reader.GetNextPathCoord("1-2", index), 0.0);
+}
+
+// The rule of plain numbers, told once more: skip white space, commas and letters but "e"; take
+// what stands up to white space, a comma, the end, a letter but "e", or a "-" that is not the first
+// character and does not follow an "e".
+double nextByTheRule(const std::string& text, std::size_t& index) {
+  const auto at = [&](std::size_t i) { return i < text.size() ? text[i] : '\0'; };
+  const auto white = [](char c) { return c == ' ' || c == '\n' || c == '\t' || c == '\r'; };
+  const auto letter = [](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); };
+  while (white(at(index)) || at(index) == ',' || (letter(at(index)) && at(index) != 'e')) ++index;
+  std::string number;
+  for (char c = at(index); c != '\0' && !white(c) && c != ','; c = at(++index)) {
+    if (letter(c) && c != 'e') break;
+    if (c == '-' && !number.empty() && number.back() != 'e') break;
+    number += c;
+  }
+  return std::strtod(number.c_str(), nullptr);
+}
+
+TEST(PathData, NumbersFollowTheRule) {
+  std::mt19937 random(20260824);
+  const std::string alphabet = "0123456789012345..--ee+, \n\tLMzE";
+  std::uniform_int_distribution<std::size_t> pick(0, alphabet.size() - 1);
+  CHandlerReader reader;
+  for (int round = 0; round < 20000; ++round) {
+    std::string text;
+    while (text.size() < 24) text += alphabet[pick(random)];
+    int index = 0;
+    std::size_t expectedIndex = 0;
+    for (int number = 0; number < 6; ++number) {
+      const double expected = nextByTheRule(text, expectedIndex);
+      ASSERT_EQ(reader.GetNextPathCoord(text.c_str(), index), expected) << text;
+      ASSERT_EQ(static_cast<std::size_t>(index), expectedIndex) << text;
+    }
+  }
 }
 
 TEST(PathData, ASecondAttributeStartsAgain) {
