@@ -46,8 +46,9 @@ void GrowthReport::ReportRuns(const std::vector<Run>& runs) {
     const auto parts = nameParts(run.run_name.function_name);
     const auto bytes = run.counters.find("bytes");
     if (parts.size() != 3 || bytes == run.counters.end()) continue;
-    const double seconds =
-        run.GetAdjustedRealTime() / benchmark::GetTimeUnitMultiplier(run.time_unit);
+    const bool byClock = !run.run_name.time_type.empty();  // else by the processor's time
+    const double time = byClock ? run.GetAdjustedRealTime() : run.GetAdjustedCPUTime();
+    const double seconds = time / benchmark::GetTimeUnitMultiplier(run.time_unit);
     ways_[parts[0]][parts[1]][parts[2]] = Sample{bytes->second.value, seconds};
   }
 }

@@ -1,5 +1,5 @@
 // write_bench [google-benchmark options]: writes drawings of many objects in two ways, interleaved
-// in one run.
+// in one run. Times are the processor's.
 //   write     the whole drawing of a document, through the module
 //   snprintf  the same element lines, printed with snprintf and put to the same kind of stream
 #include <benchmark/benchmark.h>
@@ -114,7 +114,6 @@ void add(const char* name, std::shared_ptr<Drawing> drawing, Way way) {
       ->Unit(benchmark::kMillisecond)
       ->Repetitions(kRepetitions)
       ->ReportAggregatesOnly()
-      ->UseRealTime()
       ->MinTime(kLeastSeconds);
 }
 

@@ -11,7 +11,8 @@ struct FrameworkState {
 };
 
 constinit FrameworkState state{};
-constinit thread_local AFX_MODULE_STATE* currentModule = nullptr;
+// Asked for by every entry point; the library is there from the start of the process.
+[[gnu::tls_model("initial-exec")]] constinit thread_local AFX_MODULE_STATE* currentModule = nullptr;
 
 }  // namespace
 

@@ -49,6 +49,10 @@ bool writeAll(int file, std::int64_t position, const char* bytes, std::size_t co
 
 bool MemorySink::write(std::int64_t position, const char* bytes, std::size_t count) {
   const std::size_t at = start_ + static_cast<std::size_t>(position);
+  if (at == target_->size()) {
+    target_->append(bytes, count);
+    return true;
+  }
   if (at + count > target_->size()) target_->resize(at + count);
   std::memcpy(target_->data() + at, bytes, count);
   return true;

@@ -6,7 +6,8 @@
 
 namespace egfsvg {
 
-/// Gives the record a new array of points; false, which the driver tells, without memory.
+/// Gives the record a new array of points, to be set one by one; false, which the driver tells,
+/// without memory.
 template <class Record>
 bool makePoints(CAdapterWriter& writer, Record* record, std::int32_t count) {
   record->points =
@@ -16,7 +17,6 @@ bool makePoints(CAdapterWriter& writer, Record* record, std::int32_t count) {
     return false;
   }
   record->pointCount = count;
-  for (std::int32_t i = 0; i < count; ++i) record->points[i] = {kDefaultValue, kDefaultValue};
   return true;
 }
 

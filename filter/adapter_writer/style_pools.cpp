@@ -12,17 +12,16 @@ namespace {
 constexpr std::size_t kStyleNameSize = 32;  // a short prefix and any number
 
 /// Writes the name with its terminator; returns its length.
-std::size_t writeName(const char* prefix, std::int64_t number, char (&out)[kStyleNameSize]) {
-  const std::size_t length = std::strlen(prefix);
-  std::memcpy(out, prefix, length);
-  char* end = integerText(out + length, number);
+std::size_t writeName(std::string_view prefix, std::int64_t number, char (&out)[kStyleNameSize]) {
+  prefix.copy(out, prefix.size());
+  char* end = integerText(out + prefix.size(), number);
   *end = '\0';
   return static_cast<std::size_t>(end - out);
 }
 
 }  // namespace
 
-char* styleName(const char* prefix, std::int64_t number) {
+char* styleName(std::string_view prefix, std::int64_t number) {
   char name[kStyleNameSize];
   const std::size_t length = writeName(prefix, number, name);
   return duplicateText(name, length, RMM_SITE);
@@ -54,10 +53,10 @@ void setPooledClass(CAdapterWriter& writer, const PoolRow& pool, const void* rec
                     _svg_common& head) {
   const std::uint32_t number = STYLE_AppendUnique(poolTable(writer, pool), pool.size, record);
   if (number == 0) return;
-  head.classNames = allocateZeroed<ClassName>(RMM_SITE);
+  head.classNames = allocateRecord<ClassName>(RMM_SITE);
   if (head.classNames == nullptr) return;
   char name[kStyleNameSize];
-  std::memcpy(head.classNames[0], name, writeName(pool.prefix, number, name));
+  std::memcpy(head.classNames[0], name, writeName(pool.prefix, number, name) + 1);
   head.classCount = 1;
 }
 

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 #include "adapter_writer/svg_adapterwriter.h"
 #include "host/egf_codes.h"
@@ -35,7 +36,7 @@ static_assert(sizeof(PooledFill) == kPooledFillSize);
 struct PoolRow {
   int slot;
   std::uint32_t size;
-  const char* prefix;
+  std::string_view prefix;
 };
 inline constexpr PoolRow kFillPool{4, kPooledFillSize, "stl"};
 inline constexpr PoolRow kStrokePool{5, kPooledStrokeSize, "strk"};
@@ -69,6 +70,6 @@ int enumerateTable(HostHandle table, std::uint32_t size, StyleProc procedure,
                    _adapterWriteData* data);
 
 /// A prefix and a number as a text from the host's allocator; null when memory ran out.
-char* styleName(const char* prefix, std::int64_t number);
+char* styleName(std::string_view prefix, std::int64_t number);
 
 }  // namespace egfsvg

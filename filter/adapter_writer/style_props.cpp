@@ -1,6 +1,7 @@
 // Pooled pens as style rules, pens of the document as entities.
 
 #include <cstring>
+#include <string_view>
 
 #include "adapter_writer/style_pools.h"
 #include "adapter_writer/user_scale.h"
@@ -10,7 +11,7 @@
 namespace egfsvg {
 namespace {
 
-constexpr const char* kEntityPrefix = "st";
+constexpr std::string_view kEntityPrefix = "st";
 
 void setStrokeRule(CAdapterWriter& writer, const PooledStroke& pen, _svg_style_props* props) {
   _svg_pa_stroke& stroke = props->pa.stroke;
@@ -34,7 +35,7 @@ void setFillRule(CAdapterWriter& writer, const PooledFill& pen, _svg_style_props
 }
 
 /// Names the rule by the number of its record; false when the table has no such record.
-bool nameRule(HostHandle table, std::uint32_t size, const void* record, const char* prefix,
+bool nameRule(HostHandle table, std::uint32_t size, const void* record, std::string_view prefix,
               _svg_style_props* props) {
   const std::uint32_t number = STYLE_QueryStyleNo(table, size, record);
   if (number != 0) props->selector = styleName(prefix, number);

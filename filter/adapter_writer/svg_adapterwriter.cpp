@@ -7,6 +7,7 @@
 #include "adapter_writer/style_pools.h"
 #include "adapter_writer/wait_cursor.h"
 #include "adapter_writer/write_envelope.h"
+#include "host/objects.h"
 #include "host/settings.h"
 #include "model/rmm_allocator.h"
 
@@ -42,7 +43,8 @@ void makeStyleSet(WriterStyleSet*& set) {
   if (!complete) freeStyleSet(set);
 }
 
-void freePools(CAdapterWriter& writer) {
+void freeKept(CAdapterWriter& writer) {
+  freeAll(writer.spareEnvelope);
   freeStyleSet(writer.styleSet);
   endTable(writer.gradientTable);
 }
@@ -78,7 +80,7 @@ int writeDocument(CAdapterWriter& writer, WriteEnvelope<_objectStream>& envelope
 using namespace egfsvg;
 
 CAdapterWriter::~CAdapterWriter() {
-  freePools(*this);
+  freeKept(*this);
   if (handlerWriter == 0) return;
   _handlerCloseWriter close{handlerWriter};
   SVGH_CloseWriter(&close);
@@ -117,7 +119,7 @@ int CAdapterWriter::WriteData(_adapterWriteData* record, HostHandle target) {
 
 int CAdapterWriter::CloseWriter() {
   if (handlerWriter == 0) return kNoHandler;
-  freePools(*this);
+  freeKept(*this);
   _handlerCloseWriter close{handlerWriter};
   const int result = SVGH_CloseWriter(&close);
   if (result == kOk) handlerWriter = 0;

@@ -45,7 +45,8 @@ class CAdapterWriter {
   HostHandle view = 0;                  // the view's map: set by the whole-file layer after opening
   double xFactor = kDefaultResolution;  // device units per inch
   double yFactor = kDefaultResolution;
-  egfsvg::WriterState state;  // ours: what one write keeps
+  egfsvg::WriterState state;      // ours: what one write keeps
+  void* spareEnvelope = nullptr;  // ours: a block for the next record, or null
 
   // Driver (svg_adapterwriter.cpp, transfer.cpp, object_types.cpp, definitions.cpp). `target` is
   // the host's file object of the file that is being written.

@@ -5,6 +5,8 @@
 #include "host/documents.h"
 #include "host/egf_bits.h"
 #include "host/egf_codes.h"
+#include "host/objects.h"
+#include "model/owners.h"
 
 namespace egfsvg {
 namespace {

@@ -31,8 +31,7 @@ inline void setPixels(_svg_value& field, double number) {
 }
 
 inline void setPoint(_svg_point& field, const UserScale& scale, double x, double y) {
-  setPixels(field.x, scale.x(x));
-  setPixels(field.y, scale.y(y));
+  field = {pixels(scale.x(x)), pixels(scale.y(y))};
 }
 
 /// Turns a side that runs backwards, moving its start.

@@ -87,6 +87,13 @@ class GrowingArray {
 
   bool reserve(std::int32_t capacity) { return capacity <= capacity_ || resize(capacity); }
 
+  /// A place for `added` entries behind the last, or null.
+  T* room(std::size_t added) {
+    const auto left = static_cast<std::size_t>(capacity_ - count_);
+    if (added > left && !growFor(added)) return nullptr;
+    return data_ + count_;
+  }
+
   /// A new uninitialised entry, or null.
   T* append() {
     if (count_ == capacity_ && !grow(1)) return nullptr;
@@ -120,6 +127,10 @@ class GrowingArray {
  private:
   static constexpr std::int32_t kFirstCapacity = 8;
 
+  bool growFor(std::size_t added) {
+    constexpr std::size_t kMost = std::numeric_limits<std::int32_t>::max();
+    return added <= kMost && grow(static_cast<std::int32_t>(added));
+  }
   bool grow(std::int32_t added) {
     constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
     if (added > kMost - count_) return false;

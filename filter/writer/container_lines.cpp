@@ -9,11 +9,11 @@ int CHandlerWriter::writeSVGGroupTag(_svg_group* record, HostHandle stream) {
   AddLineCapAttrib(record->pa.stroke, style_);
   line_.clear();
   if (record->head.classCount != 0) {
-    line_.format("  <g class=\"%s\" ", {record->head.classNames[0]});
+    line_.format<"  <g class=\"%s\" ">(record->head.classNames[0]);
   } else {
     line_.add("  <g");
   }
-  return line_.format(" %s >", {style_}).put(stream);
+  return line_.format<" %s >">(style_).put(stream);
 }
 
 int CHandlerWriter::writeSVGGroupCloseTag(HostHandle stream) {
@@ -23,10 +23,9 @@ int CHandlerWriter::writeSVGGroupCloseTag(HostHandle stream) {
 int CHandlerWriter::writeSVGImageTag(_svg_image* record, HostHandle stream) {
   using egfsvg::wholeOf;
   line_.clear();
-  line_.format("   <image xlink:href=\"%s\" ", {record->link.value});
-  line_.format(
-      "x=\"%ld\" y=\"%ld\" width=\"%ld\" height=\"%ld\"/>",
-      {wholeOf(record->x), wholeOf(record->y), wholeOf(record->width), wholeOf(record->height)});
+  line_.format<"   <image xlink:href=\"%s\" ">(record->link.value);
+  line_.format<"x=\"%ld\" y=\"%ld\" width=\"%ld\" height=\"%ld\"/>">(
+      wholeOf(record->x), wholeOf(record->y), wholeOf(record->width), wholeOf(record->height));
   return line_.put(stream);
 }
 
@@ -34,14 +33,14 @@ int CHandlerWriter::writeSVGImageTag(_svg_image* record, HostHandle stream) {
 int CHandlerWriter::writeSVGLinkTag(_svg_a* record, HostHandle stream) {
   line_.clear();
   if (record->link.value != nullptr) {
-    line_.format("  <a xlink:href=\"%s\">", {record->link.value});
+    line_.format<"  <a xlink:href=\"%s\">">(record->link.value);
   } else {
     line_.add("  <a >");
   }
   line_.put(stream);
   if (record->cdata != nullptr) {
     line_.clear();
-    line_.format("      <![CDATA[%s]]>", {record->cdata}).put(stream);
+    line_.format<"      <![CDATA[%s]]>">(record->cdata).put(stream);
   }
   return 0;
 }

@@ -10,17 +10,31 @@ namespace egfsvg {
 /// Lines of points and path segments are broken by the writer and go on behind four blanks.
 inline constexpr const char* kContinuation = "    ";
 
-/// References to style entities: of areas and paths, and of lines and polylines.
-inline constexpr const char* kAreaReference = "style=\"&st%s;\" %s";
-inline constexpr const char* kStrokeReference = "style=\"&stroke_st%s;\" %s";
-
 /// Three blanks, the element's opening, its class when it has one, and a blank.
-void startElement(const char* name, const _svg_common& head, LineBuilder& out);
+template <FormatText kName>
+void startElement(const _svg_common& head, LineBuilder& out) {
+  out.clear();
+  out.add("   <").add(kName.view());
+  if (head.classCount != 0) {
+    out.format<" class=\"%s\" ">(head.classNames[0]);
+  } else {
+    out.add(" ");
+  }
+}
 
-/// The style text: the attributes alone, or behind the reference that the head names in the form of
-/// `format` (`out` then holds it).
+/// References to style entities: of areas and paths, and of lines and polylines.
+inline constexpr FormatText kAreaReference = "style=\"&st%s;\" %s";
+inline constexpr FormatText kStrokeReference = "style=\"&stroke_st%s;\" %s";
+
+/// The style text: the attributes alone, or behind the reference that the head names (`out` then
+/// holds it).
+template <FormatText kReference>
 const LineBuilder& withReference(const _svg_common& head, const LineBuilder& attributes,
-                                 const char* format, LineBuilder& out);
+                                 LineBuilder& out) {
+  if (head.styleRef == nullptr) return attributes;
+  out.clear();
+  return out.format<kReference>(head.styleRef, attributes);
+}
 
 /// A length as a whole number.
 inline std::int32_t wholeOf(const _svg_value& value) { return shownInteger(value.value); }

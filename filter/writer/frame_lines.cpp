@@ -32,11 +32,11 @@ int CHandlerWriter::writeSVGHeader(_objectStream* record, HostHandle stream) {
   using namespace egfsvg;
   openSvgs_ = 0;
   line_.clear();
-  line_.format("<?xml version=\"%.1f\" standalone=\"no\"?>", {kXmlVersion});
+  line_.format<"<?xml version=\"%.1f\" standalone=\"no\"?>">(kXmlVersion);
   if (line_.put(stream) == -1 || putLiteral(kNotice, stream) == -1) return -1;
   if (record->comment[0] != '\0') {
     line_.clear();
-    if (line_.format("<!-- %s -->", {record->comment}).put(stream) == -1) return -1;
+    if (line_.format<"<!-- %s -->">(record->comment).put(stream) == -1) return -1;
   }
   return putLiteral(kDoctype, stream);
 }
@@ -61,15 +61,14 @@ int CHandlerWriter::writeOpenSVGTag(_svg_svg* record, HostHandle stream) {
   if (openSvgs_++ == 0 && settingOn(Setting::kNamespaces)) line_.add(kNamespaces);
   const _svg_viewbox* box = record->viewBox;
   if (box == nullptr || record->width.unit != kUnitPercent) {
-    line_.format(
-        " x=\"%ld\" y=\"%ld\" width=\"%ld\" height=\"%ld\"",
-        {wholeOf(record->x), wholeOf(record->y), wholeOf(record->width), wholeOf(record->height)});
+    line_.format<" x=\"%ld\" y=\"%ld\" width=\"%ld\" height=\"%ld\"">(
+        wholeOf(record->x), wholeOf(record->y), wholeOf(record->width), wholeOf(record->height));
   } else {
     line_.add(" ");
   }
   if (box != nullptr) {
-    line_.format(" viewBox=\"%ld %ld %ld %ld\"",
-                 {wholeOf(box->x), wholeOf(box->y), wholeOf(box->width), wholeOf(box->height)});
+    line_.format<" viewBox=\"%ld %ld %ld %ld\"">(wholeOf(box->x), wholeOf(box->y),
+                                                 wholeOf(box->width), wholeOf(box->height));
   }
   return line_.add(">").put(stream);
 }
@@ -86,8 +85,8 @@ int CHandlerWriter::writeEntityData(_svg_style_props* record, HostHandle stream)
   AddLineJoinStyle(record->pa.stroke, style_);
   if (style_.failed()) return -1;
   line_.clear();
-  line_.format("   <!ENTITY %s", {record->selector});
-  line_.format(" %s >", {style_.text().substr(kAttributeStart)});
+  line_.format<"   <!ENTITY %s">(record->selector);
+  line_.format<" %s >">(style_.text().substr(kAttributeStart));
   return line_.put(stream);
 }
 
@@ -98,7 +97,7 @@ int CHandlerWriter::writeCSSStyleSheetData(_svg_style_props* record, HostHandle 
   AddLineCapStyle(record->pa.stroke, style_);
   if (style_.failed()) return -1;
   line_.clear();
-  line_.format("      .%s {", {record->selector});
-  line_.format(" %s", {style_.text().substr(kListStart)});
+  line_.format<"      .%s {">(record->selector);
+  line_.format<" %s">(style_.text().substr(kListStart));
   return line_.takeBack(1).add(" }").put(stream);
 }

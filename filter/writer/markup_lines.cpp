@@ -13,8 +13,9 @@ void addCorners(const _svg_polyline& outline, LineBuilder& line) {
   line.add("   <polyline points=\"");
   for (std::int32_t i = 0; i < kCloudCorners; ++i) {
     const bool there = outline.points != nullptr && i < outline.pointCount;
-    line.format(i == 0 ? "%.1f,%.1f" : ",%.1f,%.1f",
-                {there ? outline.points[i].x.value : 0.0, there ? outline.points[i].y.value : 0.0});
+    line.add(i == 0 ? "" : ",");
+    line.format<"%.1f,%.1f">(there ? outline.points[i].x.value : 0.0,
+                             there ? outline.points[i].y.value : 0.0);
   }
   line.add("\" visibility=\"hidden\"/>");
 }
@@ -29,8 +30,8 @@ int putPath(const _svg_path& path, PathForms forms, LineBuilder& line, HostHandl
 int putLine(const _svg_line& stroke, LineBuilder& line, HostHandle stream) {
   line.clear();
   return line
-      .format("   <line x1=\"%.2f\"  y1=\"%.2f\" x2=\"%.2f\" y2=\"%.2f\"/>",
-              {stroke.x1.value, stroke.y1.value, stroke.x2.value, stroke.y2.value})
+      .format<"   <line x1=\"%.2f\"  y1=\"%.2f\" x2=\"%.2f\" y2=\"%.2f\"/>">(
+          stroke.x1.value, stroke.y1.value, stroke.x2.value, stroke.y2.value)
       .put(stream);
 }
 

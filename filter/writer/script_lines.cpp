@@ -18,7 +18,7 @@ constexpr const char* kScriptLines[] = {
 int CHandlerWriter::writeOpenScriptTag(_svg_script* record, HostHandle stream) {
   line_.clear();
   line_.add("<script type=\"text/ecmascript\" ");
-  if (record->href != nullptr) line_.format("xlink:href=\"%s\"", {record->href});
+  if (record->href != nullptr) line_.format<"xlink:href=\"%s\"">(record->href);
   int result = line_.add("> <![CDATA[ ").put(stream);
   for (const char* text : kScriptLines) {
     if (result == -1) return -1;

@@ -18,39 +18,43 @@ const char* separatorFor(const LineBuilder& out) {
   return out.length() > static_cast<std::int32_t>(kEmptyStyle.size()) ? kSeparator : "";
 }
 
-void addFragment(LineBuilder& out, const char* format, std::initializer_list<FormatArg> args = {}) {
-  out.takeBack(1).format(format, args);
+void addFragment(LineBuilder& out, const char* text) { out.takeBack(1).add(text); }
+
+template <FormatText kFormat, class... Args>
+void addFragment(LineBuilder& out, const Args&... args) {
+  out.takeBack(1).format<kFormat>(args...);
 }
 
-void addSeparated(LineBuilder& out, const char* format, std::initializer_list<FormatArg> args) {
+template <FormatText kFormat, class... Args>
+void addSeparated(LineBuilder& out, const Args&... args) {
   const char* separator = separatorFor(out);
-  out.takeBack(1).add(separator).format(format, args);
+  out.takeBack(1).add(separator).template format<kFormat>(args...);
 }
 
 /// The reference is freed and its pointer kept, so a record goes through here once.
 void addFill(_svg_pa_fill& fill, double opacity, LineBuilder& out) {
   if (hasColour(fill.packedColor)) {
     if (isInvisible(fill.fillOpacity, opacity)) {
-      addFragment(out, "fill:none\"");
+      addFragment<"fill:none\"">(out);
     } else if (fill.packedColor != kBlackPaint) {
-      addFragment(out, "fill:#%6x\"", {fill.packedColor});
+      addFragment<"fill:#%6x\"">(out, fill.packedColor);
     }
   }
   if (fill.packedColor != kNoPaint && fill.fillUrl != nullptr) {
-    addFragment(out, "fill:url(#grad%s)\"", {fill.fillUrl});
+    addFragment<"fill:url(#grad%s)\"">(out, fill.fillUrl);
     RMM_Free(fill.fillUrl);
   }
-  if (isPartial(fill.fillOpacity)) addSeparated(out, "fill-opacity:%.2f\"", {fill.fillOpacity});
+  if (isPartial(fill.fillOpacity)) addSeparated<"fill-opacity:%.2f\"">(out, fill.fillOpacity);
 }
 
 void addStrokeColour(const _svg_pa_stroke& stroke, double opacity, LineBuilder& out) {
-  addSeparated(out, "stroke:\"", {});
+  addSeparated<"stroke:\"">(out);
   if (isInvisible(stroke.strokeOpacity, opacity)) {
-    addFragment(out, "none\"");
+    addFragment<"none\"">(out);
   } else if (stroke.strokeOpacity == 1.0) {
-    addFragment(out, "#%6x\"", {stroke.packedColor});
+    addFragment<"#%6x\"">(out, stroke.packedColor);
   } else {
-    addFragment(out, "#%6x; stroke-opacity:%.2f\"", {stroke.packedColor, stroke.strokeOpacity});
+    addFragment<"#%6x; stroke-opacity:%.2f\"">(out, stroke.packedColor, stroke.strokeOpacity);
   }
 }
 
@@ -59,22 +63,30 @@ void addStroke(_svg_pa_stroke& stroke, double opacity, LineBuilder& out) {
   if (stroke.packedColor == kReferencePaint) return;
   if (stroke.packedColor != kNoPaint) addStrokeColour(stroke, opacity, out);
   if (stroke.strokeUrl == nullptr) return;
-  addFragment(out, "stroke:url(#%s)\"", {stroke.strokeUrl});
+  addFragment<"stroke:url(#%s)\"">(out, stroke.strokeUrl);
   RMM_Free(stroke.strokeUrl);
+}
+
+void addWidth(double width, LineBuilder& out) {
+  if (width < kThinnest) {
+    addFragment<"; stroke-width:%e\"">(out, width);
+  } else {
+    addFragment<"; stroke-width:%.6f\"">(out, width);
+  }
 }
 
 void addDashes(const _svg_pa_stroke& stroke, LineBuilder& out) {
   if (stroke.strokeDashCount <= 0) return;
-  addFragment(out, "; stroke-dasharray:");
+  addFragment<"; stroke-dasharray:">(out);
   addDashList(stroke, out);
   out.add("\"");
 }
 
 /// A cap or join follows with a separator, unless nothing stands in the text.
-void addFollowing(LineBuilder& out, const char* format,
-                  std::initializer_list<FormatArg> args = {}) {
+template <FormatText kFormat, class... Args>
+void addFollowing(LineBuilder& out, const Args&... args) {
   const char* separator = out.text() == kEmptyStyle ? "" : kSeparator;
-  out.takeBack(1).add(separator).format(format, args);
+  out.takeBack(1).add(separator).template format<kFormat>(args...);
 }
 
 struct TextRow {
@@ -107,31 +119,33 @@ constexpr double kTurned = 270.0;
 
 void addWritingMode(std::int32_t mode, double glyphAngle, LineBuilder& out) {
   if (mode == kWritingRightToLeft) {
-    addFragment(out, "; writing-mode:rl; glyph-orientation-horizontal:180\"");
+    addFragment<"; writing-mode:rl; glyph-orientation-horizontal:180\"">(out);
   }
   if (mode != kWritingTopToBottom) return;
   if (glyphAngle == kUpright)
-    addFragment(out, "; writing-mode:tb; glyph-orientation-vertical:90\"");
+    addFragment<"; writing-mode:tb; glyph-orientation-vertical:90\"">(out);
   if (glyphAngle == kTurned) {
-    addFragment(out, "; writing-mode:tb; glyph-orientation-vertical:270\"");
+    addFragment<"; writing-mode:tb; glyph-orientation-vertical:270\"">(out);
   }
 }
 
 struct EventRow {
   char* _svg_event_graphical::*slot;
-  const char* format;
+  const char* name;
 };
 
-constexpr EventRow kEvents[] = {{&_svg_event_graphical::onfocusout, "onfocusout=\"%s\" "},
-                                {&_svg_event_graphical::onfocusin, "onfocusin=\"%s\" "},
-                                {&_svg_event_graphical::onactivate, "onactivate=\"%s\" "},
-                                {&_svg_event_graphical::onclick, "onclick=\"%s\" "},
-                                {&_svg_event_graphical::onmousedown, "onmousedown=\"%s\" "},
-                                {&_svg_event_graphical::onmouseup, "onmouseup=\"%s\" "},
-                                {&_svg_event_graphical::onmouseover, "onmouseover=\"%s\" "},
-                                {&_svg_event_graphical::onmousemove, "onmousemove=\"%s\" "},
-                                {&_svg_event_graphical::onmouseout, "onmouseout=\"%s\" "},
-                                {&_svg_event_graphical::onload, "onload=\"%s\" "}};
+constexpr EventRow kEvents[] = {
+    {&_svg_event_graphical::onfocusout, "onfocusout"},
+    {&_svg_event_graphical::onfocusin, "onfocusin"},
+    {&_svg_event_graphical::onactivate, "onactivate"},
+    {&_svg_event_graphical::onclick, "onclick"},
+    {&_svg_event_graphical::onmousedown, "onmousedown"},
+    {&_svg_event_graphical::onmouseup, "onmouseup"},
+    {&_svg_event_graphical::onmouseover, "onmouseover"},
+    {&_svg_event_graphical::onmousemove, "onmousemove"},
+    {&_svg_event_graphical::onmouseout, "onmouseout"},
+    {&_svg_event_graphical::onload, "onload"},
+};
 
 }  // namespace
 }  // namespace egfsvg
@@ -143,12 +157,9 @@ void CHandlerWriter::GetStyle(_svg_pa_fill& fill, _svg_pa_stroke& stroke,
   out.add(kEmptyStyle);
   addFill(fill, graphics.opacity, out);
   addStroke(stroke, graphics.opacity, out);
-  if (hasWidth(stroke, graphics)) {
-    const double width = stroke.strokeWidth.value;
-    addFragment(out, width < kThinnest ? "; stroke-width:%e\"" : "; stroke-width:%.6f\"", {width});
-  }
-  if (isPartial(graphics.opacity)) addFragment(out, "; opacity:%.2f\"", {graphics.opacity});
-  if (fill.fillRule == kRuleEvenOdd) addFragment(out, "; fill-rule:evenodd\"");
+  if (hasWidth(stroke, graphics)) addWidth(stroke.strokeWidth.value, out);
+  if (isPartial(graphics.opacity)) addFragment<"; opacity:%.2f\"">(out, graphics.opacity);
+  if (fill.fillRule == kRuleEvenOdd) addFragment<"; fill-rule:evenodd\"">(out);
   addDashes(stroke, out);
 }
 
@@ -161,23 +172,23 @@ void CHandlerWriter::GetTextStyle(double fillOpacity, std::int32_t fillColor,
   if (fillOpacity <= 0.0) {
     out.add("none");
   } else {
-    out.format("#%6x; opacity:%.5f", {fillColor, fillOpacity});
+    out.format<"#%6x; opacity:%.5f">(fillColor, fillOpacity);
   }
-  out.format("; stroke:#%6x; stroke-width:%.6f\"", {strokeColor, strokeWidth});
+  out.format<"; stroke:#%6x; stroke-width:%.6f\"">(strokeColor, strokeWidth);
 }
 
 void CHandlerWriter::AddLineCapStyle(const _svg_pa_stroke& stroke, egfsvg::LineBuilder& out) {
   using namespace egfsvg;
-  if (stroke.strokeLinecap == kCapCodeRound) addFollowing(out, "stroke-linecap:round\"");
-  if (stroke.strokeLinecap == kCapCodeSquare) addFollowing(out, "stroke-linecap:square\"");
+  if (stroke.strokeLinecap == kCapCodeRound) addFollowing<"stroke-linecap:round\"">(out);
+  if (stroke.strokeLinecap == kCapCodeSquare) addFollowing<"stroke-linecap:square\"">(out);
 }
 
 void CHandlerWriter::AddLineJoinStyle(const _svg_pa_stroke& stroke, egfsvg::LineBuilder& out) {
   using namespace egfsvg;
-  if (stroke.strokeLinejoin == kJoinCodeBevel) addFollowing(out, "stroke-linejoin:bevel\"");
-  if (stroke.strokeLinejoin == kJoinCodeRound) addFollowing(out, "stroke-linejoin:round\"");
+  if (stroke.strokeLinejoin == kJoinCodeBevel) addFollowing<"stroke-linejoin:bevel\"">(out);
+  if (stroke.strokeLinejoin == kJoinCodeRound) addFollowing<"stroke-linejoin:round\"">(out);
   if (stroke.strokeLinejoin == kJoinCodeMiter && stroke.strokeMiterlimit != kDefaultMiterLimit) {
-    addFollowing(out, "stroke-linejoin:miter; stroke-miterlimit:%d\"", {stroke.strokeMiterlimit});
+    addFollowing<"stroke-linejoin:miter; stroke-miterlimit:%d\"">(out, stroke.strokeMiterlimit);
   }
 }
 
@@ -189,15 +200,15 @@ void CHandlerWriter::AddTextElemsTextContentElemsStyle(const _svg_pa_textelems& 
   addWritingMode(elements.writingMode, content.glyphOrientationVertical.value, out);
   if (const char* line = textFor(kDecorations, content.textDecoration)) addFragment(out, line);
   if (content.baselineShift != nullptr) {
-    addFragment(out, "; baseline-shift:%s\"", {content.baselineShift});
+    addFragment<"; baseline-shift:%s\"">(out, content.baselineShift);
   }
 }
 
 void CHandlerWriter::AddFontStyle(const _svg_pa_fontspec& font, egfsvg::LineBuilder& out) {
   constexpr std::int32_t kBold = 2;
   constexpr std::int32_t kItalic = 2;
-  if (font.fontWeight == kBold) egfsvg::addFragment(out, "; font-weight:bold\"");
-  if (font.fontStyle == kItalic) egfsvg::addFragment(out, "; font-style:italic\"");
+  if (font.fontWeight == kBold) egfsvg::addFragment<"; font-weight:bold\"">(out);
+  if (font.fontStyle == kItalic) egfsvg::addFragment<"; font-style:italic\"">(out);
 }
 
 /// Attributes behind the style's closing quote. Kept: of the events only the last one set is
@@ -212,5 +223,5 @@ void CHandlerWriter::AddGraphicalEventAttrib(const _svg_pa_graphics& graphics,
   for (const EventRow& row : kEvents) {
     if (events.*row.slot != nullptr) last = &row;
   }
-  if (last != nullptr) out.format(last->format, {events.*last->slot});
+  if (last != nullptr) out.format<"%s=\"%s\" ">(last->name, events.*last->slot);
 }

@@ -2,6 +2,9 @@
 
 #include "writer/svg_handlerwriter.h"
 
+#include <array>
+#include <iterator>
+
 #include "frame/result_codes.h"
 #include "host/memory.h"
 
@@ -65,11 +68,23 @@ constexpr WriteRow kRows[] = {
     {kWriteEndScript, writeText<&W::writeCloseScriptTag>, false},
 };
 
-const WriteRow* rowOf(std::int32_t type) {
-  for (const WriteRow& row : kRows) {
-    if (row.type == type) return &row;
+constexpr std::size_t kTypes = kWriteEndScript + 1;
+constexpr std::uint8_t kNoRow = 0xff;
+
+/// The place of each type's row.
+constexpr auto kPlaces = [] {
+  std::array<std::uint8_t, kTypes> places{};
+  places.fill(kNoRow);
+  for (std::size_t i = 0; i < std::size(kRows); ++i) {
+    places[static_cast<std::size_t>(kRows[i].type)] = static_cast<std::uint8_t>(i);
   }
-  return nullptr;
+  return places;
+}();
+
+const WriteRow* rowOf(std::int32_t type) {
+  const auto index = static_cast<std::uint32_t>(type);
+  const std::uint8_t place = index < kTypes ? kPlaces[index] : kNoRow;
+  return place == kNoRow ? nullptr : &kRows[place];
 }
 
 /// Children of other kinds are passed over. A child that fails leaves the link open.

@@ -11,13 +11,13 @@ void addFill(const _svg_pa_fill& fill, double opacity, LineBuilder& out) {
     if (isInvisible(fill.fillOpacity, opacity)) {
       out.add("fill=\"none\" ");
     } else if (fill.packedColor != kBlackPaint) {
-      out.format("fill=\"#%6x\" ", {fill.packedColor});
+      out.format<"fill=\"#%6x\" ">(fill.packedColor);
     }
   }
   if (fill.packedColor != kNoPaint && fill.fillUrl != nullptr) {
-    out.format("fill=\"url(#grad%s)\" ", {fill.fillUrl});
+    out.format<"fill=\"url(#grad%s)\" ">(fill.fillUrl);
   }
-  if (isPartial(fill.fillOpacity)) out.format("fill-opacity=\"%.2f\" ", {fill.fillOpacity});
+  if (isPartial(fill.fillOpacity)) out.format<"fill-opacity=\"%.2f\" ">(fill.fillOpacity);
 }
 
 /// Stroke colour 0 is printed, unlike fill colour 0.
@@ -26,14 +26,22 @@ void addStroke(const _svg_pa_stroke& stroke, double opacity, LineBuilder& out) {
     if (isInvisible(stroke.strokeOpacity, opacity)) {
       out.add("stroke=\"none\" ");
     } else if (stroke.strokeOpacity == 1.0) {
-      out.format("stroke=\"#%6x\" ", {stroke.packedColor});
+      out.format<"stroke=\"#%6x\" ">(stroke.packedColor);
     } else {
-      out.format("stroke=\"#%6x\" stroke-opacity=\"%.2f\" ",
-                 {stroke.packedColor, stroke.strokeOpacity});
+      out.format<"stroke=\"#%6x\" stroke-opacity=\"%.2f\" ">(stroke.packedColor,
+                                                             stroke.strokeOpacity);
     }
   }
   if (stroke.packedColor != kNoPaint && stroke.strokeUrl != nullptr) {
-    out.format("stroke=\"url(#grad%s)\" ", {stroke.strokeUrl});
+    out.format<"stroke=\"url(#grad%s)\" ">(stroke.strokeUrl);
+  }
+}
+
+void addWidth(double width, LineBuilder& out) {
+  if (width < kThinnest) {
+    out.format<"stroke-width=\"%e\" ">(width);
+  } else {
+    out.format<"stroke-width=\"%.6f\" ">(width);
   }
 }
 
@@ -48,7 +56,7 @@ void addDashes(const _svg_pa_stroke& stroke, LineBuilder& out) {
 
 void addDashList(const _svg_pa_stroke& stroke, LineBuilder& out) {
   for (std::int32_t i = 0; i < stroke.strokeDashCount; ++i) {
-    out.format(i == 0 ? "%.6f" : ",%.6f", {stroke.strokeDashArray[i].value});
+    out.add(i == 0 ? "" : ",").format<"%.6f">(stroke.strokeDashArray[i].value);
   }
 }
 
@@ -60,11 +68,8 @@ void CHandlerWriter::GetLocalAttribs(const _svg_pa_fill& fill, const _svg_pa_str
   out.clear();
   addFill(fill, graphics.opacity, out);
   addStroke(stroke, graphics.opacity, out);
-  if (hasWidth(stroke, graphics)) {
-    const double width = stroke.strokeWidth.value;
-    out.format(width < kThinnest ? "stroke-width=\"%e\" " : "stroke-width=\"%.6f\" ", {width});
-  }
-  if (isPartial(graphics.opacity)) out.format("opacity=\"%.2f\" ", {graphics.opacity});
+  if (hasWidth(stroke, graphics)) addWidth(stroke.strokeWidth.value, out);
+  if (isPartial(graphics.opacity)) out.format<"opacity=\"%.2f\" ">(graphics.opacity);
   if (fill.fillRule == kRuleEvenOdd) out.add("fill-rule=\"evenodd\" ");
   addDashes(stroke, out);
 }
@@ -79,6 +84,6 @@ void CHandlerWriter::AddLineJoinAttrib(const _svg_pa_stroke& stroke, egfsvg::Lin
   if (stroke.strokeLinejoin == kJoinCodeBevel) out.add("stroke-linejoin=\"bevel\" ");
   if (stroke.strokeLinejoin == kJoinCodeRound) out.add("stroke-linejoin=\"round\" ");
   if (stroke.strokeLinejoin == kJoinCodeMiter && stroke.strokeMiterlimit != kDefaultMiterLimit) {
-    out.format("stroke-linejoin=\"miter\" stroke-miterlimit=\"%d\" ", {stroke.strokeMiterlimit});
+    out.format<"stroke-linejoin=\"miter\" stroke-miterlimit=\"%d\" ">(stroke.strokeMiterlimit);
   }
 }

@@ -304,6 +304,24 @@ TEST(ElementLines, PointsStandFiveInALine) {
   EXPECT_EQ(pointLines(kTagPolygon, 0), R"~(   <polygon points="" />)~");
 }
 
+TEST(ElementLines, PointsWithAStyleReference) {
+  const std::pair<std::int32_t, const char*> rows[] = {
+      {kTagPolyline, R"~(   <polyline points="" style="&stroke_st7;" stroke-linecap="round" />)~"},
+      {kTagPolygon, R"~(   <polygon points="" style="&st7;" />)~"}};
+  for (const auto& [type, expected] : rows) {
+    _svg_point none{};
+    _svg_polyline line;
+    initPolyline(&line);
+    line.points = &none;
+    line.head.styleRef = text("7");
+    line.stroke.packedColor = -1;
+    line.stroke.strokeLinecap = 2;
+    WriterHarness harness;
+    EXPECT_EQ(harness.write(type, line), 0);
+    EXPECT_EQ(harness.text(), expected);
+  }
+}
+
 TEST(ElementLines, NoPointArrayNoLine) {
   for (std::int32_t type : {kTagPolyline, kTagPolygon}) {
     _svg_polyline line;
