@@ -3,6 +3,7 @@
 #include "host/diagnostics.h"
 #include "model/characters.h"
 #include "model/rmm_allocator.h"
+#include "reader/reports.h"
 #include "reader/rule_store.h"
 
 namespace egfsvg {
@@ -86,6 +87,7 @@ class RuleReader {
   bool readQuotedPiece();
   bool readPlainPiece();
   void storeRule();
+  bool mayCopy(std::int32_t size, const char* name);
   int finishSection();
 
   CHandlerReader& reader_;
@@ -212,11 +214,23 @@ void RuleReader::storeRule() {
   if (declarations_.empty()) return;
   SelectorNames names;
   const int count = names.split(reader_, selector_.data());
-  for (int i = 0; i + 1 < count; ++i) {
+  const std::int32_t size = declarations_.count();
+  for (int i = 0; i + 1 < count && mayCopy(size, names[i]); ++i) {
     Declarations copy(declarations_.first()->clone());
     if (!copy.empty()) appendRule(reader_, names[i], copy);
   }
   if (count > 0) appendRule(reader_, names[count - 1], declarations_);
+}
+
+/// Counts a copy of so many declarations for a name.
+bool RuleReader::mayCopy(std::int32_t size, const char* name) {
+  std::int32_t& copied = reader_.state.copiedDeclarations;
+  if (size > kMaxCopiedDeclarations - copied) {
+    reportLimit(reader_, Diagnostic::kStyleRulesLimit, name, RMM_SITE);
+    return false;
+  }
+  copied += size;
+  return true;
 }
 
 }  // namespace

@@ -38,6 +38,12 @@ Declarations::Declarations(AttNode* chain) : first_(chain), last_(lastOf(chain))
 
 Declarations::~Declarations() { clear(); }
 
+std::int32_t Declarations::count() const {
+  std::int32_t count = 0;
+  for (const AttNode* node = first_; node != nullptr; node = node->next) ++count;
+  return count;
+}
+
 AttNode* Declarations::release() {
   AttNode* chain = first_;
   first_ = last_ = nullptr;

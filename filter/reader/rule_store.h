@@ -17,6 +17,7 @@ class Declarations {
   Declarations& operator=(const Declarations&) = delete;
 
   bool empty() const { return first_ == nullptr; }
+  std::int32_t count() const;
   const AttNode* first() const { return first_; }
   AttNode* last() const { return last_; }
   /// Hands the chain over.
@@ -31,6 +32,9 @@ class Declarations {
   AttNode* first_ = nullptr;
   AttNode* last_ = nullptr;
 };
+
+/// Declarations of a read that are copied for the names of selector lists.
+inline constexpr std::int32_t kMaxCopiedDeclarations = 1'000'000;
 
 /// Adds a rule's declarations behind those that the table holds for that selector.
 void appendRule(CHandlerReader& reader, const char* selector, Declarations& declarations);

@@ -158,6 +158,23 @@ TEST(CssRules, aTableThatIsFilledAgain) {
   }
 }
 
+// Names times declarations would fill the memory from a short sheet.
+TEST(CssRules, copiesForManyNamesAreLimited) {
+  std::string names;
+  std::string declarations;
+  for (int i = 0; i < 1500; ++i) names += "a" + std::to_string(i) + ",";
+  for (int i = 0; i < 1000; ++i) declarations += "fill:red;";
+  TextReader source(names + "last{" + declarations + "}x,y{fill:blue}");
+  CHandlerReader reader;
+  EXPECT_EQ(reader.ParseCSSFile(&source->buffer), 0);
+  EXPECT_EQ(reader.state.copiedDeclarations, 1000000);
+  EXPECT_NE(reader.styles.find("a999"), nullptr);
+  EXPECT_EQ(reader.styles.find("a1000"), nullptr);
+  EXPECT_NE(reader.styles.find("last"), nullptr);
+  EXPECT_EQ(reader.styles.find("x"), nullptr);
+  EXPECT_NE(reader.styles.find("y"), nullptr);
+}
+
 TEST(CssSection, itsFrame) {
   struct {
     const char* text;
