@@ -147,6 +147,12 @@ TEST(Gradients, PositionsNeverFall) {
              "<stop offset=\".5\" stop-color=\"red\"/><stop offset=\".2\" stop-color=\"blue\"/>"
              "<stop offset=\"1\" stop-color=\"red\"/>"));
   EXPECT_EQ(p.positions, "0,500,500,1000,1000");
+  // Those of a ring do, which runs from its edge inwards.
+  const Painted ring = painted(
+      drawing("radialGradient", "r=\"1\" spreadMethod=\"repeat\"", kSquare,
+              "<stop offset=\".5\" stop-color=\"red\"/><stop offset=\".2\" stop-color=\"blue\"/>"
+              "<stop offset=\"1\" stop-color=\"red\"/>"));
+  EXPECT_EQ(ring.positions, "1000,1000,200,500,0");
 }
 
 TEST(Gradients, StopsCarryOpacityAndExchangedColours) {
