@@ -139,6 +139,18 @@ def write_groups(file, count):
                    f'{maker.rect()}{maker.line()}</g>\n')
 
 
+def write_rules(file, count):
+    """Half as many rules as elements, all of them of one class."""
+    maker = Maker(17)
+    file.write('<style type="text/css">\n')
+    for _ in range(count // 2):
+        file.write(f".k{{fill:{maker.paint()};stroke-width:{maker.number(0.2, 5)}}}\n")
+    file.write("</style>\n")
+    for _ in range(count):
+        file.write(f'<rect class="k" x="{maker.number(0, 900)}" y="{maker.number(0, 900)}" '
+                   f'width="9" height="7"/>\n')
+
+
 def write_refs(file, count):
     maker = Maker(16)
     file.write("<defs>\n")
@@ -163,7 +175,8 @@ DRAWINGS = [
       for mb in (1, 10, 100) if mb <= most],
     *[("nested", write_nested, depth, str(depth), 2) for depth in (10, 100, 1000)],
     *[(family, write, count, f"{count // 1000}k", count // 3000)
-      for family, write in (("groups", write_groups), ("refs", write_refs))
+      for family, write in (("groups", write_groups), ("refs", write_refs),
+                            ("rules", write_rules))
       for count in (1000, 10000, 100000)],
 ]
 
