@@ -33,9 +33,11 @@ int hexDigit(char c) {
   return letter >= 'a' && letter <= 'f' ? letter - 'a' + kTen : -1;
 }
 
-/// Two digits, or as many as stand there; -1 when the first byte is none.
+/// Two digits, or as many as stand there; a blank or a plus in front of one is passed over. -1 when
+/// there is none.
 int hexPair(const char* text) {
   constexpr int kBase = 16;
+  if (isWhite(text[0]) || text[0] == '+') return hexDigit(text[1]);
   const int first = hexDigit(text[0]);
   if (first < 0) return -1;
   const int second = hexDigit(text[1]);

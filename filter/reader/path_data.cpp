@@ -9,6 +9,7 @@
 #include "model/characters.h"
 #include "model/lifecycle.h"
 #include "model/numbers.h"
+#include "model/value_parser.h"
 #include "reader/svg_handlerreader.h"
 
 namespace egfsvg {
@@ -341,7 +342,8 @@ double CHandlerReader::GetNextPathCoord(const char* text, int& index) {
   }
   index = state.settings.compactNumbers ? egfsvg::compactNumberEnd(text, first)
                                         : egfsvg::plainNumberEnd(text, first);
-  return egfsvg::decimalPrefix(text + first, text + index);
+  const int counted = std::min(index - first, static_cast<int>(egfsvg::kNumberScratch));
+  return egfsvg::decimalPrefix(text + first, text + first + counted);
 }
 
 _svg_path_data* CHandlerReader::AddNewPathData(_svg_path_data* data, int count) {

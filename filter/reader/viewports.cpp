@@ -49,8 +49,6 @@ constexpr AspectRow kAlignments[] = {{"none", kAlignNone},    {"xminymin", kXMin
                                      {"xmidymax", kXMidYMax}, {"xmaxymax", kXMaxYMax}};
 constexpr AspectRow kFits[] = {{"meet", kMeet}, {"slice", kSlice}};
 
-constexpr std::ptrdiff_t kAspectWordSize = 31;
-
 template <std::size_t Count>
 int aspectBits(const AspectRow (&rows)[Count], const char* first, const char* last, int otherwise) {
   for (const AspectRow& row : rows) {
@@ -66,7 +64,7 @@ const char* skipWhite(const char* at) {
 
 const char* wordEnd(const char* first) {
   const char* at = first;
-  while (*at != '\0' && !isWhite(*at) && at - first < kAspectWordSize) ++at;
+  while (*at != '\0' && !isWhite(*at)) ++at;
   return at;
 }
 

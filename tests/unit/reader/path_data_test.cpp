@@ -140,6 +140,17 @@ TEST(PathData, ValuesCarryTheirUnits) {
   DestroyPathElements(&path);
 }
 
+// Of a number so many bytes count; the rest is passed over.
+TEST(PathData, LongNumbersAreBounded) {
+  CHandlerReader reader;
+  for (const std::size_t zeros : {4094UL, 4095UL, 9000UL}) {
+    const std::string text = std::string(zeros, '0') + "7 5";
+    int index = 0;
+    EXPECT_EQ(reader.GetNextPathCoord(text.c_str(), index), zeros == 4094 ? 7.0 : 0.0) << zeros;
+    EXPECT_EQ(reader.GetNextPathCoord(text.c_str(), index), 5.0) << zeros;
+  }
+}
+
 TEST(PathData, NumbersRunToTheirEnd) {
   CHandlerReader reader;
   int index = 0;

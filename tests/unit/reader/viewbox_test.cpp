@@ -99,14 +99,24 @@ TEST(PreserveAspect, nullIsRefused) {
   EXPECT_EQ(aspect, 7);
 }
 
-// Words are cut at 31 bytes and what is left is the next word.
-TEST(PreserveAspect, longWordsAreBounded) {
+// A long word is one unknown word, whatever it ends in.
+TEST(PreserveAspect, longWordsStayWhole) {
   CHandlerReader reader;
-  int aspect = 0;
-  reader.SetPreserveAspectAtt(&aspect, Pair(std::string(31, 'x') + "slice"));
-  EXPECT_EQ(aspect, 513);
-  reader.SetPreserveAspectAtt(&aspect, Pair(std::string(100000, 'x')));
-  EXPECT_EQ(aspect, 1025);
+  const struct {
+    std::string text;
+    int stored;
+  } cases[] = {
+      {std::string(31, 'x') + "slice", 1025},
+      {std::string(40, 'x') + " slice", 513},
+      {"none " + std::string(31, 'x') + "slice", 1024},
+      {"xMidYMid " + std::string(40, 'x') + " slice", 1040},
+      {std::string(100000, 'x'), 1025},
+  };
+  for (const auto& row : cases) {
+    int aspect = 0;
+    EXPECT_EQ(reader.SetPreserveAspectAtt(&aspect, Pair(row.text)), 0);
+    EXPECT_EQ(aspect, row.stored) << row.text.size();
+  }
 }
 
 TEST(Viewport, anSvgWithoutViewBoxGetsItsOwnSize) {
