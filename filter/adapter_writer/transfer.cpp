@@ -53,6 +53,14 @@ bool isOutput(const CAdapterWriter& writer, const _egf_obj& object) {
   return ViewportBits::get(object.objAttr2) == 0 && OutputBits::get(object.objAttr) != 0;
 }
 
+/// The next sibling is asked for soon; the objects of a large drawing are far from the processor.
+void fetchAhead(const _egf_obj& object) {
+  constexpr std::uint32_t kLine = 64;
+  constexpr std::uint32_t kLines = 3;
+  const char* next = reinterpret_cast<const char*>(ref32<_egf_obj>(object.next).get());
+  for (std::uint32_t line = 0; line < kLines; ++line) __builtin_prefetch(next + line * kLine);
+}
+
 }  // namespace
 
 int transferUnsupported(const Transfer& t) {
@@ -66,7 +74,9 @@ int CAdapterWriter::AdapterTransferData(_egf_obj* object, _adapterWriteData* dat
                                         HostHandle target) {
   using namespace egfsvg;
   const int objClass = EGF_GetObjectClass(object);
-  if (objClass == kClassNone || !isOutput(*this, *object)) return kOk;
+  if (objClass == kClassNone) return kOk;
+  fetchAhead(*object);
+  if (!isOutput(*this, *object)) return kOk;
   OpenObject open(state);
   if (!open.fits()) return kOk;
   return transferOf(objClass)({*this, object, data, target});

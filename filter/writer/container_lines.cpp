@@ -11,7 +11,7 @@ int CHandlerWriter::writeSVGGroupTag(_svg_group* record, HostHandle stream) {
   if (record->head.classCount != 0) {
     line_.format<"  <g class=\"%s\" ">(record->head.classNames[0]);
   } else {
-    line_.add("  <g");
+    line_.format<"  <g">();
   }
   return line_.format<" %s >">(style_).put(stream);
 }
@@ -35,7 +35,7 @@ int CHandlerWriter::writeSVGLinkTag(_svg_a* record, HostHandle stream) {
   if (record->link.value != nullptr) {
     line_.format<"  <a xlink:href=\"%s\">">(record->link.value);
   } else {
-    line_.add("  <a >");
+    line_.format<"  <a >">();
   }
   line_.put(stream);
   if (record->cdata != nullptr) {

@@ -13,12 +13,12 @@ inline constexpr const char* kContinuation = "    ";
 /// Three blanks, the element's opening, its class when it has one, and a blank.
 template <FormatText kName>
 void startElement(const _svg_common& head, LineBuilder& out) {
+  constexpr FormatText kStart = FormatText("   <") + kName;
   out.clear();
-  out.add("   <").add(kName.view());
   if (head.classCount != 0) {
-    out.format<" class=\"%s\" ">(head.classNames[0]);
+    out.format<kStart + FormatText(" class=\"%s\" ")>(head.classNames[0]);
   } else {
-    out.add(" ");
+    out.format<kStart + FormatText(" ")>();
   }
 }
 

@@ -21,6 +21,15 @@ struct FormatText {
   constexpr std::string_view view() const { return {text, kSize - 1}; }
 };
 
+/// One format behind the other.
+template <std::size_t kFirst, std::size_t kSecond>
+consteval auto operator+(const FormatText<kFirst>& first, const FormatText<kSecond>& second) {
+  char joined[kFirst + kSecond - 1];
+  std::copy_n(first.text, kFirst - 1, joined);
+  std::copy_n(second.text, kSecond, joined + kFirst - 1);
+  return FormatText<kFirst + kSecond - 1>(joined);
+}
+
 enum class Conversion : std::uint8_t { kNone, kFixed, kExponent, kInteger, kColour, kText };
 
 /// Literal bytes, then a conversion; the last part has none.

@@ -52,7 +52,7 @@ int putSegments(const _svg_path& path, PathForms forms, LineBuilder& line, HostH
 void addSegment(const _svg_path_data& d, PathForms forms, LineBuilder& line) {
   switch (d.command) {
     case kPathClose:
-      line.add("Z ");
+      line.format<"Z ">();
       break;
     case kPathMoveAbs:
       line.format<"M%.2f,%.2f ">(d.arg0.value, d.arg1.value);
@@ -92,7 +92,7 @@ int CHandlerWriter::writeSVGPolylineTag(_svg_polyline* record, HostHandle stream
   AddLineCapAttrib(record->stroke, style_);
   const auto& style = withReference<kStrokeReference>(record->head, style_, reference_);
   startElement<"polyline">(record->head, line_);
-  line_.add("points=\"");
+  line_.format<"points=\"">();
   const int put =
       putPoints<"%.1f,%.1f ", "%.1f,%.1f ">(record->points, record->pointCount, line_, stream);
   if (put == -1) return -1;
@@ -107,7 +107,7 @@ int CHandlerWriter::writeSVGPolygonTag(_svg_polygon* record, HostHandle stream) 
   AddLineJoinAttrib(record->stroke, style_);
   const auto& style = withReference<kAreaReference>(record->head, style_, reference_);
   startElement<"polygon">(record->head, line_);
-  line_.add("points=\"");
+  line_.format<"points=\"">();
   const int put =
       putPoints<"%.2f,%.2f ", "%.3f,%.3f ">(record->points, record->pointCount, line_, stream);
   if (put == -1) return -1;
@@ -121,12 +121,12 @@ int CHandlerWriter::writeSVGPathTag(_svg_path* record, HostHandle stream) {
   AddLineCapAttrib(record->stroke, style_);
   const auto& style = withReference<kAreaReference>(record->head, style_, reference_);
   startElement<"path">(record->head, line_);
-  line_.add("d=\"");
+  line_.format<"d=\"">();
   if (putSegments(*record, kAllForms, line_, stream) == -1) return -1;
-  line_.add("\" ").add(style).add(" ");
+  line_.format<"\" ">().add(style).add(" ");
   if (const transformEntry* rotation = rotationOf(record->head)) {
     line_.format<" transform=\"rotate(%f %ld %ld)\"">(
         rotation->args[0].value, wholeOf(rotation->args[1]), wholeOf(rotation->args[2]));
   }
-  return line_.add("/>").put(stream);
+  return line_.format<"/>">().put(stream);
 }

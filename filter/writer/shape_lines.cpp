@@ -58,5 +58,5 @@ int CHandlerWriter::writeSVGEllipseTag(_svg_ellipse* record, HostHandle stream) 
     line_.format<" transform=\"rotate(%f %ld %ld)\"">(rotation->args[0].value, wholeOf(record->cx),
                                                       wholeOf(record->cy));
   }
-  return line_.add("/>").put(stream);
+  return line_.format<"/>">().put(stream);
 }

@@ -9,7 +9,7 @@ namespace {
 void addFill(const _svg_pa_fill& fill, double opacity, LineBuilder& out) {
   if (hasColour(fill.packedColor)) {
     if (isInvisible(fill.fillOpacity, opacity)) {
-      out.add("fill=\"none\" ");
+      out.format<"fill=\"none\" ">();
     } else if (fill.packedColor != kBlackPaint) {
       out.format<"fill=\"#%6x\" ">(fill.packedColor);
     }
@@ -24,7 +24,7 @@ void addFill(const _svg_pa_fill& fill, double opacity, LineBuilder& out) {
 void addStroke(const _svg_pa_stroke& stroke, double opacity, LineBuilder& out) {
   if (hasColour(stroke.packedColor)) {
     if (isInvisible(stroke.strokeOpacity, opacity)) {
-      out.add("stroke=\"none\" ");
+      out.format<"stroke=\"none\" ">();
     } else if (stroke.strokeOpacity == 1.0) {
       out.format<"stroke=\"#%6x\" ">(stroke.packedColor);
     } else {
@@ -47,9 +47,9 @@ void addWidth(double width, LineBuilder& out) {
 
 void addDashes(const _svg_pa_stroke& stroke, LineBuilder& out) {
   if (stroke.strokeDashCount <= 0) return;
-  out.add("stroke-dasharray=\"");
+  out.format<"stroke-dasharray=\"">();
   addDashList(stroke, out);
-  out.add("\" ");
+  out.format<"\" ">();
 }
 
 }  // namespace
@@ -70,19 +70,19 @@ void CHandlerWriter::GetLocalAttribs(const _svg_pa_fill& fill, const _svg_pa_str
   addStroke(stroke, graphics.opacity, out);
   if (hasWidth(stroke, graphics)) addWidth(stroke.strokeWidth.value, out);
   if (isPartial(graphics.opacity)) out.format<"opacity=\"%.2f\" ">(graphics.opacity);
-  if (fill.fillRule == kRuleEvenOdd) out.add("fill-rule=\"evenodd\" ");
+  if (fill.fillRule == kRuleEvenOdd) out.format<"fill-rule=\"evenodd\" ">();
   addDashes(stroke, out);
 }
 
 void CHandlerWriter::AddLineCapAttrib(const _svg_pa_stroke& stroke, egfsvg::LineBuilder& out) {
-  if (stroke.strokeLinecap == egfsvg::kCapCodeRound) out.add("stroke-linecap=\"round\" ");
-  if (stroke.strokeLinecap == egfsvg::kCapCodeSquare) out.add("stroke-linecap=\"square\" ");
+  if (stroke.strokeLinecap == egfsvg::kCapCodeRound) out.format<"stroke-linecap=\"round\" ">();
+  if (stroke.strokeLinecap == egfsvg::kCapCodeSquare) out.format<"stroke-linecap=\"square\" ">();
 }
 
 void CHandlerWriter::AddLineJoinAttrib(const _svg_pa_stroke& stroke, egfsvg::LineBuilder& out) {
   using namespace egfsvg;
-  if (stroke.strokeLinejoin == kJoinCodeBevel) out.add("stroke-linejoin=\"bevel\" ");
-  if (stroke.strokeLinejoin == kJoinCodeRound) out.add("stroke-linejoin=\"round\" ");
+  if (stroke.strokeLinejoin == kJoinCodeBevel) out.format<"stroke-linejoin=\"bevel\" ">();
+  if (stroke.strokeLinejoin == kJoinCodeRound) out.format<"stroke-linejoin=\"round\" ">();
   if (stroke.strokeLinejoin == kJoinCodeMiter && stroke.strokeMiterlimit != kDefaultMiterLimit) {
     out.format<"stroke-linejoin=\"miter\" stroke-miterlimit=\"%d\" ">(stroke.strokeMiterlimit);
   }
