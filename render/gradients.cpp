@@ -14,6 +14,7 @@ constexpr double kRampEnd = 1000.0;    // positions are thousandths
 constexpr double kNearlyInside = 1.5;  // device pixels that an edge may blend beyond the vector
 constexpr double kInnermost = 0.999;   // how near its ring a focus may stand, in radii
 constexpr double kFlat = 1e-9;
+constexpr double kThinnest = 1e-3;  // device pixels across a ring that still has an inside
 
 int stopsOf(const GradientUse& gradient) {
   return std::min<int>(gradient.ramp.stopCount, egfsvg::kMaxGradientStops);
@@ -110,6 +111,14 @@ Ring ringOf(const GradientUse& gradient, const Placement& placement) {
   return ring;
 }
 
+// Whether a ring is a place or a line, which no ramp can fill.
+bool isThin(const Ring& ring) {
+  const double area = std::fabs(ring.xAxis.x * ring.yAxis.y - ring.xAxis.y * ring.yAxis.x);
+  const double longest =
+      std::max(std::hypot(ring.xAxis.x, ring.xAxis.y), std::hypot(ring.yAxis.x, ring.yAxis.y));
+  return !(area >= kThinnest * longest) || !(longest >= kThinnest);
+}
+
 // Positions run from the ring inward when they rise: a padded ramp. When they fall they run from
 // the focus outward, and the first is the period in which the ramp is repeated.
 bool isPadded(const GradientUse& gradient) {
@@ -146,6 +155,7 @@ Pattern radialPattern(const GradientUse& gradient, double alpha, const Placement
   cairo_matrix_t toUnit;
   cairo_matrix_init(&toUnit, ring.xAxis.x, ring.xAxis.y, ring.yAxis.x, ring.yAxis.y, ring.center.x,
                     ring.center.y);
+  if (isThin(ring)) return nullptr;
   if (cairo_matrix_invert(&toUnit) != CAIRO_STATUS_SUCCESS) return nullptr;
   Point focus = placement.device(pixelsOf(gradient.points[0]));
   cairo_matrix_transform_point(&toUnit, &focus.x, &focus.y);
