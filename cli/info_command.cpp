@@ -8,6 +8,7 @@
 #include "cli/output_file.h"
 #include "cli/run.h"
 #include "cli/settings.h"
+#include "cli/utf8.h"
 
 namespace egfsvg {
 namespace {
@@ -40,17 +41,18 @@ std::string inWords(const DrawingFacts& facts) {
   text += "  source      " + std::to_string(facts.bytes) + " bytes" +
           (facts.compressed ? ", compressed (gzip)" : ", not compressed") + "\n";
   text += "  resolution  " + inDigits(facts.resolution) + " dpi";
-  text += facts.comment.empty() ? "\n" : " (the file names " + facts.comment + ")\n";
+  text += facts.comment.empty() ? "\n" : " (the file names " + printableText(facts.comment) + ")\n";
   text += "  pages       " + std::to_string(facts.pages.size()) + "\n";
   for (const PageFacts& page : facts.pages) {
-    text += "  " + page.name + "      " + sizeOf(page) + " pixels; " + listOf(page.objects) + "\n";
+    text += "  " + printableText(page.name) + "      " + sizeOf(page) + " pixels; " +
+            listOf(page.objects) + "\n";
   }
   text += "  styles      " + listOf(facts.styles) + "\n";
   text += "  colours     " + std::to_string(facts.colours) + "\n";
   std::size_t listed = 0;
   for (const auto& [what, times] : facts.told) {
     if (listed++ == kMostListed) break;
-    text += "  left out    " + what.second + " (" + std::to_string(times) + ")\n";
+    text += "  left out    " + printableText(what.second) + " (" + std::to_string(times) + ")\n";
   }
   if (facts.told.size() > kMostListed) {
     text += "  left out    " + std::to_string(facts.told.size() - kMostListed) + " more kinds\n";

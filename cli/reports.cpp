@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 
+#include "cli/utf8.h"
 #include "embedded_host/host_messages.h"
 
 namespace egfsvg {
@@ -62,7 +63,7 @@ bool drawsNothing(int number, std::string_view subject) {
 }  // namespace
 
 void sayLine(const std::string& text) {
-  const std::string line = "egfsvg: " + text + "\n";
+  const std::string line = "egfsvg: " + printableText(text) + "\n";
   // One write, so that lines of several processes do not mix.
   [[maybe_unused]] const ssize_t written = ::write(STDERR_FILENO, line.data(), line.size());
 }

@@ -15,7 +15,8 @@ struct Message;
 
 namespace egfsvg {
 
-// One line on standard error: "egfsvg: TEXT".
+// One line on standard error: "egfsvg: TEXT". Control characters and bytes that are no text, which
+// drawings can bring in, are escaped.
 void sayLine(const std::string& text);
 
 // The option that raises a limit; null when none does.

@@ -41,6 +41,22 @@ bool continues(std::string_view text, const LeadRow& row) {
   return true;
 }
 
+// Of ASCII, and U+0080 to U+009F.
+bool isControl(std::string_view character) {
+  if (character.size() == 1) return character[0] == '\x7f' || within(character[0], 0, 0x1F);
+  return character.size() == 2 && character[0] == '\xC2' && within(character[1], 0x80, 0x9F);
+}
+
+void addEscaped(std::string_view bytes, std::string& out) {
+  constexpr std::string_view kDigits = "0123456789abcdef";
+  for (const char byte : bytes) {
+    const auto code = static_cast<std::uint8_t>(byte);
+    out += "\\x";
+    out += kDigits[code >> 4];
+    out += kDigits[code & 0xF];
+  }
+}
+
 }  // namespace
 
 std::size_t utf8Length(std::string_view text) {
@@ -49,6 +65,22 @@ std::size_t utf8Length(std::string_view text) {
     if (within(text.front(), row.first, row.last)) return continues(text, row) ? row.length : 0;
   }
   return 0;
+}
+
+std::string printableText(std::string_view text) {
+  std::string out;
+  out.reserve(text.size());
+  while (!text.empty()) {
+    const std::size_t length = utf8Length(text);
+    const std::string_view character = text.substr(0, length == 0 ? 1 : length);
+    if (length == 0 || isControl(character)) {
+      addEscaped(character, out);
+    } else {
+      out += character;
+    }
+    text.remove_prefix(character.size());
+  }
+  return out;
 }
 
 }  // namespace egfsvg
