@@ -47,6 +47,7 @@ void ReaderState::beginRead() {
   settings.diagnostics = settingOn(Setting::kDiagnostics);
   nesting = referenceDepth = definitionDepth = switchDepth = 0;
   referencedObjects = 0;
+  rereadBytes = 0;
   copiedDeclarations = 0;
   budgetIsSpent = outOfMemory = stopped = reporting = false;
   gaugeThreshold = 0;

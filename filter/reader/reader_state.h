@@ -67,6 +67,7 @@ struct ReaderState {
   std::uint32_t switchDepth = 0;        // open switches
   std::uint32_t referencedObjects = 0;  // objects sent through references so far
   std::int32_t copiedDeclarations = 0;  // for the names of selector lists
+  std::uint64_t rereadBytes = 0;        // of the source, by walks through references
   bool budgetIsSpent = false;           // no more objects through references
   bool outOfMemory = false;             // an allocation failed: the read ends with that
   bool stopped = false;                 // something inside a nested enumeration ends the read

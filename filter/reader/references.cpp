@@ -28,10 +28,14 @@ class OpenReference {
   const long returnIndex_;
 };
 
-/// False, with a message the first time, when no more objects may come through references.
+/// So many bytes of a source that are read again cost what an object does.
+constexpr std::uint64_t kBytesPerObject = 1024;
+
+/// False, with a message the first time, when no more may come through references.
 bool hasBudget(CHandlerReader& reader) {
   ReaderState& state = reader.state;
-  if (state.referencedObjects < state.limits.maxReferencedObjects) return true;
+  const std::uint32_t most = state.limits.maxReferencedObjects;
+  if (state.referencedObjects < most && state.rereadBytes / kBytesPerObject < most) return true;
   if (!state.budgetIsSpent) {
     reportLimit(reader, Diagnostic::kReferencedObjectsLimit, "use", RMM_SITE);
   }
@@ -46,6 +50,23 @@ bool mayRefer(CHandlerReader& reader) {
   return false;
 }
 
+/// Counts what a walk takes of the source. A reference inside it leads back to where it stood.
+class RereadCount {
+ public:
+  explicit RereadCount(CHandlerReader& reader)
+      : reader_(reader), from_(reader.buffer.getFileIndex()) {}
+
+  void step() {
+    const std::int32_t at = reader_.buffer.getFileIndex();
+    if (at > from_) reader_.state.rereadBytes += static_cast<std::uint64_t>(at - from_);
+    from_ = at;
+  }
+
+ private:
+  CHandlerReader& reader_;
+  std::int32_t from_;
+};
+
 /// Draws the target of a `use`, whose group is its parent.
 class ReferenceWalk : public NestedWalk {
  public:
@@ -55,6 +76,7 @@ class ReferenceWalk : public NestedWalk {
   int run(int tag, int tagIndex) {
     tag_ = tag;
     tagIndex_ = tagIndex;
+    RereadCount reread(reader());
     do {
       tagIsGiven_ = false;
       if (const Work work = works().find(tag_)) (this->*work)();
@@ -62,6 +84,7 @@ class ReferenceWalk : public NestedWalk {
       if (!tagIsGiven_) tag_ = isInside() ? reader().GetNextTag(&tagIndex_) : kTagEnd;
       ++reader().secondPassTags;
       reader().stepGauge();
+      reread.step();
     } while (keepGoing_ == kGoOn && tag_ != kTagEnd && hasBudget(reader()));
     closeAll();
     return nestedResult(keepGoing_);
@@ -101,13 +124,16 @@ class EntityWalk : public NestedWalk {
   using NestedWalk::NestedWalk;
 
   int run() {
+    RereadCount reread(reader());
     tag_ = reader().GetNextTag(&tagIndex_);
+    reread.step();
     while (keepGoing_ == kGoOn && tag_ != kTagEnd && hasBudget(reader())) {
       tagIsGiven_ = false;
       if (!take()) break;
       if (reader().state.outOfMemory) return kOutOfMemory;
       if (!tagIsGiven_) tag_ = reader().GetNextTag(&tagIndex_);
       ++reader().secondPassTags;
+      reread.step();
     }
     closeAll();
     return nestedResult(keepGoing_);

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstring>
 #include <string>
@@ -194,6 +195,29 @@ TEST(Use, ObjectsThroughReferencesAreBounded) {
   EXPECT_EQ(closed, opened);
   EXPECT_EQ(outcome.types.back(), 1000);
   EXPECT_EQ(outcome.types[outcome.types.size() - 2], 9);
+  EXPECT_EQ(messagesOf(Diagnostic::kReferencedObjectsLimit), 1U);
+}
+
+TEST(Use, TheSourceReadAgainIsBounded) {
+  // Each drawing of the group passes over 1000 tags that hold nothing.
+  std::string text = "<svg><defs><g id=\"a\"><rect />";
+  for (int i = 0; i < 1000; ++i) text += "<nothing>";
+  text += "</g></defs>";
+  for (int i = 0; i < 10; ++i) text += "<use xlink:href=\"#a\"/>";
+  text += "<line></svg>";
+  const auto drawn = [&text] {
+    const std::vector<int> types = readText(text).types;
+    EXPECT_EQ(types.back(), 1000);
+    EXPECT_EQ(types[types.size() - 2], 9);
+    EXPECT_EQ(std::count(types.begin(), types.end(), 14),
+              std::count(types.begin(), types.end(), 1001));
+    return std::count(types.begin(), types.end(), 6);
+  };
+  EXPECT_EQ(drawn(), 10);
+  // Three times some 9000 bytes are more than 20 KiB.
+  ASSERT_TRUE(egfhost::setSetting("maxReferencedObjects", 20));
+  egfhost::clearMessages();
+  EXPECT_EQ(drawn(), 3);
   EXPECT_EQ(messagesOf(Diagnostic::kReferencedObjectsLimit), 1U);
 }
 
