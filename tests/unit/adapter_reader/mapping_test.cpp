@@ -230,5 +230,51 @@ TEST(Mapping, WorksWithoutMemory) {
   EXPECT_EQ(second, first);
 }
 
+// While the adapter's own block is out, a map is memory of the host: without it boxes, lines and
+// polygons are drawn where they stand, and an ellipse is not drawn.
+TEST(Mapping, ShapesWithoutAMapStayWhereTheyAre) {
+  AdapterPage page;
+  _svg_common head;
+  initSVGCommon(&head);
+  const MapOwner taken(page.adapter(), page->_findMapMatrix(&head, nullptr, nullptr));
+  Transforms scaled = Transforms().scale(2, 3);
+  std::vector<_svg_point> points = svgPoints({1, 1, 2, 1});
+  _svg_viewbox box = svgViewBox(1, 1, 2, 2);
+  _svg_rect rect = scaled.on(svgRect(1, 1, 4, 4));
+  _svg_rect round = scaled.on(svgRect(0, 0, 4, 4, 1, 1));
+  _svg_line line = scaled.on(svgLine(1, 1, 2, 2));
+  _svg_polyline polyline = scaled.on(svgPolyline(points));
+  _svg_polygon polygon = scaled.on(svgPolygon(points));
+  _svg_circle circle = scaled.on(svgCircle(1, 1, 1));
+  _svg_svg svg = scaled.on(svgElement(9, 9, &box));
+  // The place that is drawn, (1, 1) or nothing, when the n-th allocation fails.
+  const auto placeOf = [&](std::uint64_t failing, auto format) -> PointPair {
+    egfhost::failAllocation(failing);
+    const OwnedObject object(format());
+    EXPECT_EQ(egfhost::faultsStruck(), 1U);
+    egfhost::clearFaults();
+    if (object == nullptr) return {};
+    if (object->objClass == kClassLine) return pairOf(as<EgfLine>(object.get())->startPt);
+    if (object->objClass == kClassPolyline) {
+      return pairOf(as<EgfPolyline>(object.get())->points[0]);
+    }
+    if (object->objClass == kClassPath) {
+      return pairOf(as<EgfArc>(AdapterPage::children(object.get())[0])->radiusPt);
+    }
+    return pairOf(as<EgfPolygon>(object.get())->points[0]);
+  };
+  const PointPair here(4096.0F, 4096.0F);
+  for (std::uint64_t part = 1; part <= 3; ++part) {  // of a map
+    SCOPED_TRACE(part);
+    EXPECT_EQ(placeOf(part, [&] { return page->SVG_formatEGFRect(&rect); }), here);
+    EXPECT_EQ(placeOf(part, [&] { return page->SVG_formatEGFRect(&round); }), here);
+    EXPECT_EQ(placeOf(part, [&] { return page->SVG_formatEGFPolyline(&polyline); }), here);
+    EXPECT_EQ(placeOf(part, [&] { return page->SVG_formatEGFPolygon(&polygon); }), here);
+    EXPECT_EQ(placeOf(part + 1, [&] { return page->SVG_formatEGFLine(&line); }), here);
+    EXPECT_EQ(placeOf(part + 2, [&] { return page->SVG_ViewPortCreate(&svg, 0); }), here);
+    EXPECT_EQ(placeOf(part + 1, [&] { return page->SVG_formatEGFCircle(&circle); }), PointPair());
+  }
+}
+
 }  // namespace
 }  // namespace egfsvg::test
