@@ -27,7 +27,7 @@ void inheritFill(_svg_pa_fill& to, const _svg_pa_fill& from) {
   to.fillOpacity = from.fillOpacity;
   if (from.fillGradient == nullptr) return;
   to.fillGradient = from.fillGradient;
-  copyText(to.fillUrl, from.fillUrl);
+  inheritText(to.fillUrl, from.fillUrl);
 }
 
 void inheritStroke(_svg_pa_stroke& to, const _svg_pa_stroke& from) {
@@ -42,7 +42,7 @@ void inheritStroke(_svg_pa_stroke& to, const _svg_pa_stroke& from) {
   copyDashes(to, from.strokeDashArray, from.strokeDashCount);
   if (from.strokeGradient == nullptr) return;
   to.strokeGradient = from.strokeGradient;
-  copyText(to.strokeUrl, from.strokeUrl);
+  inheritText(to.strokeUrl, from.strokeUrl);
 }
 
 // Opacity goes down as a plain value; clip-path, display, filter and mask do not.
@@ -57,13 +57,13 @@ void inheritGraphics(_svg_pa_graphics& to, const _svg_pa_graphics& from) {
   to.pointerEvents = from.pointerEvents;
   to.shapeRendering = from.shapeRendering;
   to.textRendering = from.textRendering;
-  copyText(to.cursor, from.cursor);
+  inheritText(to.cursor, from.cursor);
 }
 
 void inheritMarkers(_svg_pa_markers& to, const _svg_pa_markers& from) {
-  copyText(to.markerStart, from.markerStart);
-  copyText(to.markerMid, from.markerMid);
-  copyText(to.markerEnd, from.markerEnd);
+  inheritText(to.markerStart, from.markerStart);
+  inheritText(to.markerMid, from.markerMid);
+  inheritText(to.markerEnd, from.markerEnd);
 }
 
 void inheritTextContent(_svg_pa_textcontentelems& to, const _svg_pa_textcontentelems& from) {
@@ -86,7 +86,7 @@ template <class Group, class... Text>
 void copyWith(Group& to, const Group& from, Text Group::*... texts) {
   (freeAll(to.*texts), ...);
   to = from;
-  ((to.*texts = from.*texts == nullptr ? nullptr : duplicateText(from.*texts, RMM_SITE)), ...);
+  ((to.*texts = nullptr, inheritText(to.*texts, from.*texts)), ...);
 }
 
 }  // namespace
@@ -103,8 +103,8 @@ void copyGroup(const _svg_pa& source, void* group, int groupCode) {
     case kGroupFont:
       return copyWholeGroup(*static_cast<_svg_pa_fontspec*>(group), source.fontspec);
     case kGroupImages:
-      return copyText(static_cast<_svg_pa_images*>(group)->colorProfile,
-                      source.images.colorProfile);
+      return inheritText(static_cast<_svg_pa_images*>(group)->colorProfile,
+                         source.images.colorProfile);
     case kGroupMarkers:
       return inheritMarkers(*static_cast<_svg_pa_markers*>(group), source.markers);
     case kGroupTextContent:

@@ -170,7 +170,7 @@ void copyMember(Value Group::*field, const _svg_pa& source, void* group) {
 template <class Group>
 void copyMember(char* Group::*field, const _svg_pa& source, void* group) {
   const char* text = memberOf<Group>(source).*field;
-  if (text != nullptr) copyText(static_cast<Group*>(group)->*field, text);
+  if (text != nullptr) inheritText(static_cast<Group*>(group)->*field, text);
 }
 
 template <class Group, class Value>

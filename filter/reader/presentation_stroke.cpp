@@ -22,6 +22,9 @@ constexpr KeywordSet kLinecap{kLinecapRows, 1};
 constexpr Keyword kLinejoinRows[] = {{"miter", 1}, {"round", 2}, {"bevel", 3}};
 constexpr KeywordSet kLinejoin{kLinejoinRows, 1};
 
+/// Each child of an element copies its dashes. What comes after so many is passed over.
+constexpr std::size_t kMostDashes = 1024;
+
 /// Reads `count` lengths between single separators; an empty piece is 0 pixels.
 void readDashes(_svg_value* dashes, std::size_t count, const char* at, const char* last,
                 char separator) {
@@ -49,7 +52,8 @@ int CHandlerReader::SetStrokeDasharrayPatt(_svg_pa_stroke* group, _svg_attrib_pa
   const char* text = pair->value;
   const char* last = text + std::strlen(text);
   const char separator = std::find(text, last, ',') != last ? ',' : ' ';
-  const auto count = static_cast<std::size_t>(std::count(text, last, separator)) + 1;
+  const auto written = static_cast<std::size_t>(std::count(text, last, separator)) + 1;
+  const std::size_t count = std::min(written, kMostDashes);
   const std::string_view none("none");
   const bool isNone = static_cast<std::size_t>(last - text) >= none.size() &&
                       equalsNoCase(text, none.size(), none.data());

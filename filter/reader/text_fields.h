@@ -1,6 +1,8 @@
 // Owned text fields of records.
 #pragma once
 
+#include <cstring>
+
 #include "model/rmm_allocator.h"
 #include "model/values.h"
 
@@ -27,6 +29,16 @@ inline void copyText(char*& field, const char* text) {
   char* copy = text == nullptr ? nullptr : duplicateText(text, RMM_SITE);
   freeAll(field);
   field = copy;
+}
+
+/// A longer text does not go down: every element below would copy it.
+inline constexpr std::size_t kLongestInherited = 65535;
+
+/// Makes a field a copy of the parent's text, as far as that goes down.
+inline void inheritText(char*& field, const char* text) {
+  const bool goesDown =
+      text != nullptr && strnlen(text, kLongestInherited + 1) <= kLongestInherited;
+  copyText(field, goesDown ? text : nullptr);
 }
 
 }  // namespace egfsvg

@@ -45,6 +45,20 @@ TEST(Dashes, twoOrMoreLengths) {
   }
 }
 
+TEST(Dashes, beyond1024ArePassedOver) {
+  CHandlerReader reader;
+  for (const int written : {1023, 1024, 1025, 50000}) {
+    std::string text = "7";
+    for (int i = 1; i < written; ++i) text += i == 1023 ? ",9" : ",5";
+    Rect rect;
+    reader.SetStrokeDasharrayPatt(&rect->stroke, Pair(text));
+    const int count = rect->stroke.strokeDashCount;
+    ASSERT_EQ(count, written < 1024 ? written : 1024);
+    EXPECT_TRUE(isValue(rect->stroke.strokeDashArray[0], 7, kUnitPixel));
+    EXPECT_TRUE(isValue(rect->stroke.strokeDashArray[count - 1], count < 1024 ? 5 : 9, kUnitPixel));
+  }
+}
+
 TEST(Dashes, aLaterArrayReplacesButNoneDoesNot) {
   CHandlerReader reader;
   Rect rect;

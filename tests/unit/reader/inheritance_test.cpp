@@ -289,6 +289,21 @@ TEST_F(Inherit, aReferenceWithoutAGradientStays) {
   EXPECT_EQ(rect->stroke.strokeUrl, nullptr);
 }
 
+TEST_F(Inherit, endlessTextsStayWithTheParent) {
+  for (const std::size_t length : {65535UL, 65536UL}) {
+    const std::string text(length, 'c');
+    reader.SetCursorPatt(&parent->pa.graphics, Pair(text));
+    reader.SetFontFamilyPatt(&parent->pa.fontspec, Pair(text));
+    Text child;
+    inherit(child, kTagText);
+    EXPECT_EQ(textOf(child->graphics.cursor), length == 65535 ? text : "null");
+    EXPECT_EQ(textOf(child->fontspec.fontFamily), length == 65535 ? text : "null");
+    reader.SetMaskPatt(&parent->head, &parent->pa.graphics, Pair(text));
+    EXPECT_EQ(reader.SetMaskPatt(&parent->head, &child->graphics, Pair("inherit")), 0);
+    EXPECT_EQ(textOf(child->graphics.mask), length == 65535 ? text : "null");
+  }
+}
+
 TEST_F(Inherit, withoutMemoryTextsAreLeftOut) {
   for (std::uint64_t failing = 1; failing <= 8; ++failing) {
     Text text;
