@@ -44,10 +44,6 @@ HostHandle openInMode(const QV_FILEID& id, int mode) {
   }
 }
 
-bool putLine(Stream& stream, const char* text) {
-  return stream.write(text, std::strlen(text)) && stream.write("\n", 1);
-}
-
 }  // namespace
 
 FileCounters fileCounters() {
@@ -144,7 +140,7 @@ int FLR_PutLine(const char* text, HostHandle stream) {
     if (files.lineHook) {
       if (const std::optional<int> result = files.lineHook(text)) return *result;
     }
-    return egfhost::putLine(*found, text) ? 0 : -1;
+    return found->writeLine(text, std::strlen(text)) ? 0 : -1;
   });
 }
 

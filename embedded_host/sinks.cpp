@@ -58,6 +58,13 @@ bool MemorySink::write(std::int64_t position, const char* bytes, std::size_t cou
   return true;
 }
 
+bool MemorySink::writeLine(std::int64_t position, const char* text, std::size_t count) {
+  const std::size_t at = start_ + static_cast<std::size_t>(position);
+  if (at != target_->size()) return Sink::writeLine(position, text, count);
+  target_->append(text, count).push_back('\n');
+  return true;
+}
+
 std::int64_t MemorySink::length() const {
   return static_cast<std::int64_t>(target_->size() - start_);
 }
@@ -117,6 +124,15 @@ bool FileSink::write(std::int64_t position, const char* bytes, std::size_t count
   }
   length_ = std::max(length_, position + static_cast<std::int64_t>(count));
   return !failed_;
+}
+
+bool FileSink::writeLine(std::int64_t position, const char* text, std::size_t count) {
+  const std::int64_t bufferEnd = bufferStart_ + static_cast<std::int64_t>(buffer_.size());
+  const bool fits = position == bufferEnd && buffer_.size() + count < kBufferSize;
+  if (!fits || failed_ || !file_) return Sink::writeLine(position, text, count);
+  buffer_.append(text, count).push_back('\n');
+  length_ = std::max(length_, position + static_cast<std::int64_t>(count) + 1);
+  return true;
 }
 
 bool FileSink::keep() {

@@ -15,6 +15,11 @@ class Sink {
  public:
   virtual ~Sink() = default;
   virtual bool write(std::int64_t position, const char* bytes, std::size_t count) = 0;
+  // The text and a line end behind it.
+  virtual bool writeLine(std::int64_t position, const char* text, std::size_t count) {
+    return write(position, text, count) &&
+           write(position + static_cast<std::int64_t>(count), "\n", 1);
+  }
   virtual std::int64_t length() const = 0;
   // Ends the writing. False when what was written could not be kept; then nothing is left.
   virtual bool keep() = 0;
@@ -26,6 +31,7 @@ class MemorySink : public Sink {
   explicit MemorySink(std::string* target) : target_(target), start_(target->size()) {}
 
   bool write(std::int64_t position, const char* bytes, std::size_t count) override;
+  bool writeLine(std::int64_t position, const char* text, std::size_t count) override;
   std::int64_t length() const override;
   bool keep() override { return true; }
   void discard() override { target_->resize(start_); }
@@ -64,6 +70,7 @@ class FileSink : public Sink {
   ~FileSink() override { discard(); }
 
   bool write(std::int64_t position, const char* bytes, std::size_t count) override;
+  bool writeLine(std::int64_t position, const char* text, std::size_t count) override;
   std::int64_t length() const override { return length_; }
   bool keep() override;
   void discard() override;

@@ -44,6 +44,13 @@ bool Stream::write(const char* bytes, std::size_t count) {
   return !failed_;
 }
 
+bool Stream::writeLine(const char* text, std::size_t count) {
+  if (sink_ == nullptr || failed_) return false;
+  if (!sink_->writeLine(position_, text, count)) failed_ = true;
+  position_ += static_cast<std::int64_t>(count) + 1;
+  return !failed_;
+}
+
 std::int64_t Stream::seek(std::int64_t offset, int origin) {
   if (source_ == nullptr && sink_ == nullptr) return -1;
   if (origin != kFileOriginStart && origin != kFileOriginEnd) return -1;

@@ -44,6 +44,7 @@ class Stream : public HostObject {
 
   std::int32_t read(void* buffer, std::uint32_t count);
   bool write(const char* bytes, std::size_t count);
+  bool writeLine(const char* text, std::size_t count);
   std::int64_t seek(std::int64_t offset, int origin);
 
   // Ends reading or writing. False when what was written could not be kept.

@@ -50,11 +50,8 @@ inline char* putDigits(char* out, std::uint32_t number) {
   }
 }
 
-/// The shortest digits. Four bytes are written also for fewer.
-inline char* putWhole(char* out, std::uint32_t number) {
-  constexpr std::uint32_t kFourDigits = 10000;
-  if (number >= kFourDigits) [[unlikely]]
-    return putDigits<4>(putWhole(out, number / kFourDigits), number % kFourDigits);
+/// The shortest digits of a number below 10000. Four bytes are written also for fewer.
+inline char* putShort(char* out, std::uint32_t number) {
   char digits[4];
   putDigits<4>(digits, number);
   const int zeros = (number < 1000 ? 1 : 0) + (number < 100 ? 1 : 0) + (number < 10 ? 1 : 0);
@@ -63,6 +60,15 @@ inline char* putWhole(char* out, std::uint32_t number) {
   word >>= 8 * zeros;  // the first digit stands in the lowest byte
   std::memcpy(out, &word, sizeof word);
   return out + (4 - zeros);
+}
+
+/// The digits of a larger number.
+char* putLong(char* out, std::uint32_t number);
+
+/// The shortest digits. Four bytes are written also for fewer.
+inline char* putWhole(char* out, std::uint32_t number) {
+  constexpr std::uint32_t kFourDigits = 10000;
+  return number < kFourDigits ? putShort(out, number) : putLong(out, number);
 }
 
 }  // namespace egfsvg

@@ -4,6 +4,11 @@
 
 namespace egfsvg {
 
+char* putLong(char* out, std::uint32_t number) {
+  constexpr std::uint32_t kFourDigits = 10000;
+  return putDigits<4>(putWhole(out, number / kFourDigits), number % kFourDigits);
+}
+
 char* fixedText(char* out, double value, int decimals) {
   return std::to_chars(out, out + kNumberTextSize, value, std::chars_format::fixed, decimals).ptr;
 }

@@ -90,7 +90,8 @@ class GrowingArray {
   /// A place for `added` entries behind the last, or null.
   T* room(std::size_t added) {
     const auto left = static_cast<std::size_t>(capacity_ - count_);
-    if (added > left && !growFor(added)) return nullptr;
+    if (added > left) [[unlikely]]
+      return growFor(added) ? data_ + count_ : nullptr;
     return data_ + count_;
   }
 
@@ -127,7 +128,7 @@ class GrowingArray {
  private:
   static constexpr std::int32_t kFirstCapacity = 8;
 
-  bool growFor(std::size_t added) {
+  [[gnu::noinline]] bool growFor(std::size_t added) {
     constexpr std::size_t kMost = std::numeric_limits<std::int32_t>::max();
     return added <= kMost && grow(static_cast<std::int32_t>(added));
   }
