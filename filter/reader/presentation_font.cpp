@@ -69,10 +69,12 @@ constexpr Keyword kWritingModeRows[] = {{"lr-tb", 1}, {"lr", 1},    {"rl-tb", 2}
                                         {"rl", 2},    {"tb-rl", 3}, {"tb", 3}};
 constexpr KeywordSet kWritingMode{kWritingModeRows, 1};
 
-/// Adds a blank and the value to the text that is there. Without memory the text stays as it was.
+/// Adds a blank and the value to the text that is there. Without memory, or when it would grow too
+/// long to go down, the text stays as it was.
 void appendWord(char*& text, const char* word) {
   const std::size_t held = std::strlen(text);
   const std::size_t added = std::strlen(word);
+  if (held + added + 1 > kLongestInherited) return;
   auto* longer = static_cast<char*>(RMM_ReAllocName(text, held + added + 2, 1, RMM_SITE));
   if (longer == nullptr) return;
   longer[held] = ' ';

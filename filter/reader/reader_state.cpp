@@ -49,7 +49,7 @@ void ReaderState::beginRead() {
   referencedObjects = 0;
   rereadBytes = 0;
   copiedDeclarations = 0;
-  budgetIsSpent = outOfMemory = stopped = reporting = false;
+  budgetIsSpent = transformsAreCut = outOfMemory = stopped = reporting = false;
   gaugeThreshold = 0;
 }
 

@@ -69,6 +69,7 @@ struct ReaderState {
   std::int32_t copiedDeclarations = 0;  // for the names of selector lists
   std::uint64_t rereadBytes = 0;        // of the source, by walks through references
   bool budgetIsSpent = false;           // no more objects through references
+  bool transformsAreCut = false;        // the limit of transform lists has been told
   bool outOfMemory = false;             // an allocation failed: the read ends with that
   bool stopped = false;                 // something inside a nested enumeration ends the read
   bool reporting = false;               // what is dropped is logged: set in the second pass

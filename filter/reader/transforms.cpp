@@ -116,8 +116,9 @@ int CHandlerReader::SetTransformAtt(_svg_common* head, _svg_attrib_pair* pair) {
     at = readArguments(*entry, bracket + 1, last, rule);
     if (at != last) at = skipWhite(at + 1, last);
   }
-  if (at != last) {
+  if (at != last && !state.transformsAreCut) {
     char name[kElementNameSize];
+    state.transformsAreCut = true;
     reportLimit(*this, Diagnostic::kTransformListLimit, elementName(head->type, name), RMM_SITE);
   }
   return 0;

@@ -320,6 +320,16 @@ TEST(Texts, baselineShiftsGather) {
   EXPECT_EQ(textOf(text->textcontentelems.baselineShift), "super 10%");
 }
 
+TEST(Texts, baselineShiftsGatherUpTo65535Bytes) {
+  CHandlerReader reader;
+  Text text;
+  const std::string first(65530, 's');
+  for (const char* word : {first.c_str(), "12345", "1234", "5"}) {
+    reader.SetTextAttribute(text.get(), kAttBaselineShift, Pair(word));
+  }
+  EXPECT_EQ(textOf(text->textcontentelems.baselineShift), first + " 1234");
+}
+
 TEST(Texts, whatNothingFills) {
   CHandlerReader reader;
   Group group;

@@ -2,7 +2,9 @@
 
 #include "attribute_support.h"
 #include "embedded_host/host_faults.h"
+#include "embedded_host/host_messages.h"
 #include "frame/result_codes.h"
+#include "host/diagnostics.h"
 
 namespace egfsvg::test {
 namespace {
@@ -128,11 +130,14 @@ TEST(Transforms, aListHoldsAsManyAsItsBound) {
   Rect rect;
   std::string text;
   for (int i = 0; i < 300; ++i) text += "scale(" + std::to_string(i) + ")";
+  egfhost::clearMessages();
   EXPECT_EQ(reader.SetTransformAtt(&rect->head, Pair(text)), 0);
   ASSERT_EQ(rect->head.transformCount, 256);
   EXPECT_TRUE(isValue(rect->head.transforms[255].args[0], 255, kUnitPixel));
   EXPECT_EQ(reader.SetTransformAtt(&rect->head, Pair("rotate(1)")), 0);
   EXPECT_EQ(rect->head.transformCount, 256);
+  // Told once a read, however many more there are.
+  EXPECT_EQ(egfhost::countMessages(static_cast<int>(Diagnostic::kTransformListLimit)), 1U);
 }
 
 TEST(Transforms, withoutMemoryTheListStaysWhole) {
