@@ -27,6 +27,7 @@ constexpr std::uint32_t kBinWords = (kBins + 63) / 64;
 
 // What the system may map at once; the cage starts at a multiple of it.
 constexpr std::size_t kLargePage = std::size_t{1} << 21;
+constexpr std::uint32_t kLargePages = kLargePage >> kPageShift;
 // How much more address space is made readable at a time.
 constexpr std::uint32_t kCommitStep = 1024;
 // Pages at the front that stay small ones, so that a small drawing takes little memory.
@@ -43,6 +44,7 @@ struct CageState {
   std::uint32_t committed = 0;  // pages below are readable and writable
   std::uint32_t runsEnd = 1;    // pages from here on have never been used
   std::uint32_t dirtyPages = 0;
+  std::uint32_t purgeAbove = kDirtyPagesKept;
   bool reserved = false;
 };
 
@@ -119,16 +121,29 @@ bool commitUpTo(std::uint32_t end) {
   return true;
 }
 
-// Gives the memory behind all free runs back to the system; their addresses stay ours.
+// Gives the memory behind a free run back to the system and tells how many pages stayed. Large
+// pages go back whole: one that is taken apart is slow to come again.
+std::uint32_t giveBack(std::uint32_t run) {
+  if (!pageRuns[run].dirty) return 0;
+  const std::uint32_t end = run + pageRuns[run].pages;
+  const std::uint32_t first = (run + kLargePages - 1) / kLargePages * kLargePages;
+  const std::uint32_t last = end / kLargePages * kLargePages;
+  if (first >= last) return end - run;
+  madvise(pageAddress(first), std::size_t{last - first} << kPageShift, MADV_DONTNEED);
+  const std::uint32_t stayed = pageRuns[run].pages - (last - first);
+  pageRuns[run].dirty = stayed != 0;
+  return stayed;
+}
+
+// Gives memory behind the free runs back; their addresses stay ours.
 void purge() {
+  state.dirtyPages = 0;
   for (std::uint32_t bin = nextFilledBin(0); bin < kBins; bin = nextFilledBin(bin + 1)) {
     for (std::uint32_t run = state.bins[bin]; run != 0; run = pageRuns[run].next) {
-      if (!pageRuns[run].dirty) continue;
-      madvise(pageAddress(run), std::size_t{pageRuns[run].pages} << kPageShift, MADV_DONTNEED);
-      pageRuns[run].dirty = false;
+      state.dirtyPages += giveBack(run);
     }
   }
-  state.dirtyPages = 0;
+  state.purgeAbove = state.dirtyPages + kDirtyPagesKept;
 }
 
 // Cuts a run that is in no list to its length; what is left over becomes free.
@@ -203,7 +218,7 @@ void releaseRun(std::uint32_t first) {
     first = before;
   }
   linkFree(first, pages, true);
-  if (state.dirtyPages > kDirtyPagesKept) purge();
+  if (state.dirtyPages > state.purgeAbove) purge();
 }
 
 bool extendRun(std::uint32_t first, std::uint32_t pages) {

@@ -1,7 +1,10 @@
 #include "host/memory.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <cstring>
+#include <fstream>
 #include <random>
 #include <string>
 #include <vector>
@@ -311,6 +314,35 @@ TEST_F(MemoryTest, RandomLifeKeepsEveryBlockWhole) {
   for (const Known& each : known) {
     EXPECT_TRUE(check(each));
     RMM_Free(each.block);
+  }
+}
+
+std::uint64_t residentBytes() {
+  std::uint64_t all = 0;
+  std::uint64_t resident = 0;
+  std::ifstream("/proc/self/statm") >> all >> resident;
+  return resident * static_cast<std::uint64_t>(sysconf(_SC_PAGESIZE));
+}
+
+// Most of what a large drawing took goes back to the system with it; what is taken after that is
+// good memory.
+TEST_F(MemoryTest, TheSystemGetsFreedMemoryBack) {
+  constexpr std::size_t kBlocks = 50000;
+  constexpr std::size_t kSize = 4000;
+  const std::uint64_t before = residentBytes();
+  for (int round = 0; round < 2; ++round) {
+    std::vector<char*> blocks;
+    for (std::size_t i = 0; i < kBlocks; ++i) {
+      blocks.push_back(static_cast<char*>(RMM_AllocName(1, kSize, RMM_SITE)));
+      ASSERT_NE(nullptr, blocks.back());
+      std::memset(blocks.back(), static_cast<int>(i & 0xff), kSize);
+    }
+    EXPECT_GT(residentBytes(), before + kBlocks * kSize / 2);
+    for (std::size_t i = 0; i < kBlocks; ++i) {
+      ASSERT_EQ(static_cast<char>(i & 0xff), blocks[i][kSize - 1]);
+      RMM_Free(blocks[i]);
+    }
+    EXPECT_LT(residentBytes(), before + kBlocks * kSize / 2);
   }
 }
 
