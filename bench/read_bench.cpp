@@ -14,7 +14,7 @@
 #include <string>
 #include <vector>
 
-#include "bench/growth_report.h"
+#include "bench/bench_program.h"
 #include "bench/peer.h"
 #include "bench/svg_module.h"
 #include "embedded_host/host_documents.h"
@@ -197,11 +197,7 @@ Options takeOptions(std::vector<char*>& arguments) {
 int run(int argc, char** argv) {
   std::vector<char*> arguments(argv, argv + argc);
   const Options options = takeOptions(arguments);
-  std::string interleaved = "--benchmark_enable_random_interleaving=true";
-  arguments.push_back(interleaved.data());
-  int count = static_cast<int>(arguments.size());
-  benchmark::Initialize(&count, arguments.data());
-  if (options.folder.empty() || benchmark::ReportUnrecognizedArguments(count, arguments.data())) {
+  if (!takeBenchmarkOptions(arguments) || options.folder.empty()) {
     std::fprintf(stderr, "usage: read_bench FOLDER [--peer COMMAND] [--benchmark_...]\n");
     return 2;
   }
@@ -209,8 +205,7 @@ int run(int argc, char** argv) {
   for (const Drawing& drawing : findDrawings(options.folder)) {
     addDrawing(module, drawing, options.peer);
   }
-  GrowthReport report;
-  benchmark::RunSpecifiedBenchmarks(&report);
+  measureRegistered();
   return 0;
 }
 
@@ -218,10 +213,5 @@ int run(int argc, char** argv) {
 }  // namespace egfsvg::bench
 
 int main(int argc, char** argv) {
-  try {
-    return egfsvg::bench::run(argc, argv);
-  } catch (const std::exception& failure) {
-    std::fprintf(stderr, "read_bench: %s\n", failure.what());
-    return 1;
-  }
+  return egfsvg::bench::runProgram("read_bench", egfsvg::bench::run, argc, argv);
 }

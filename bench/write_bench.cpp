@@ -12,7 +12,7 @@
 #include <string_view>
 #include <vector>
 
-#include "bench/growth_report.h"
+#include "bench/bench_program.h"
 #include "bench/shapes.h"
 #include "bench/svg_module.h"
 #include "embedded_host/host_documents.h"
@@ -127,19 +127,12 @@ void addDrawing(const SvgModule& module, std::shared_ptr<Drawing> drawing) {
 }
 
 int run(int argc, char** argv) {
-  std::vector<char*> arguments(argv, argv + argc);
-  std::string interleaved = "--benchmark_enable_random_interleaving=true";
-  arguments.push_back(interleaved.data());
-  int count = static_cast<int>(arguments.size());
-  benchmark::Initialize(&count, arguments.data());
-  if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) return 2;
+  if (!takeBenchmarkOptions({argv, argv + argc})) return 2;
   const SvgModule module(SVG_MODULE_PATH);
   for (const Family& family : families()) {
     for (const Size& size : kSizes) addDrawing(module, std::make_shared<Drawing>(family, size));
   }
-  GrowthReport report;
-  benchmark::RunSpecifiedBenchmarks(&report);
-  benchmark::ClearRegisteredBenchmarks();
+  measureRegistered();
   return 0;
 }
 
@@ -147,10 +140,5 @@ int run(int argc, char** argv) {
 }  // namespace egfsvg::bench
 
 int main(int argc, char** argv) {
-  try {
-    return egfsvg::bench::run(argc, argv);
-  } catch (const std::exception& failure) {
-    std::fprintf(stderr, "write_bench: %s\n", failure.what());
-    return 1;
-  }
+  return egfsvg::bench::runProgram("write_bench", egfsvg::bench::run, argc, argv);
 }
