@@ -20,8 +20,16 @@ struct MapBlock {
   _viewBox viewBox;
 };
 
+/// The resolution of the page's map, asked for once when the page begins.
+struct ResolutionAtHand {
+  double pixelsPerInch = 0.0;  // 0 outside a page
+  double perSvgPixel = 0.0;    // pixels in one SVG pixel
+
+  bool isKnown() const { return pixelsPerInch > 0.0; }
+};
+
 struct AdapterState {
-  double resolution = 0.0;  // of the page's map, in pixels per inch; 0 outside a page
+  ResolutionAtHand resolution;
   MapBlock mapBlock;
   TransformCache transforms;
   SeenColours colours;

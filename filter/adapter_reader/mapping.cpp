@@ -3,8 +3,7 @@
 #include <cmath>
 
 #include "adapter_reader/owners.h"
-#include "adapter_reader/page.h"
-#include "adapter_reader/svg_adapterreader.h"
+#include "adapter_reader/pixel_scale.h"
 #include "geometry/angles.h"
 #include "geometry/matrix.h"
 #include "model/rmm_allocator.h"
@@ -12,27 +11,18 @@
 namespace egfsvg {
 namespace {
 
-/// What the entries of a list need to become matrices.
-struct ListScene {
-  CAdapterReader& adapter;
-  double resolution;
-
-  double pixels(const _svg_value& value) const {
-    return adapter.SVGValueToPixelValue(value, resolution);
-  }
-  /// A coordinate of a function that takes its axis from its place.
-  double pixels(const _svg_value& value, AxisCode axis) const {
-    return pixels({value.unit, value.value, axis});
-  }
-};
+/// A coordinate of a function that takes its axis from its place.
+double pixelsAlong(const PixelScale& scale, AxisCode axis, const _svg_value& value) {
+  return scale.pixels({value.unit, value.value, axis});
+}
 
 void translate(double x, double y, MatrixRows& running) {
   multiplyMatrix(running, {{1.0, 0.0, x}, {0.0, 1.0, y}, {0.0, 0.0, 1.0}});
 }
 
-void applyRotate(const ListScene& scene, const _svg_value* args, MatrixRows& running) {
-  const double x = scene.pixels(args[1], kAxisWidth);
-  const double y = scene.pixels(args[2], kAxisHeight);
+void applyRotate(const PixelScale& scale, const _svg_value* args, MatrixRows& running) {
+  const double x = pixelsAlong(scale, kAxisWidth, args[1]);
+  const double y = pixelsAlong(scale, kAxisHeight, args[2]);
   const double angle = radiansOf(args[0].value);
   const double c = std::cos(angle);
   const double s = std::sin(angle);
@@ -41,34 +31,35 @@ void applyRotate(const ListScene& scene, const _svg_value* args, MatrixRows& run
   translate(-x, -y, running);
 }
 
-void applySkewX(const ListScene&, const _svg_value* args, MatrixRows& running) {
+void applySkewX(const PixelScale&, const _svg_value* args, MatrixRows& running) {
   const double slope = std::tan(radiansOf(args[0].value));
   multiplyMatrix(running, {{1.0, slope, 0.0}, {0.0, 1.0, 0.0}, {0.0, 0.0, 1.0}});
 }
 
-void applySkewY(const ListScene&, const _svg_value* args, MatrixRows& running) {
+void applySkewY(const PixelScale&, const _svg_value* args, MatrixRows& running) {
   const double slope = std::tan(radiansOf(args[0].value));
   multiplyMatrix(running, {{1.0, 0.0, 0.0}, {slope, 1.0, 0.0}, {0.0, 0.0, 1.0}});
 }
 
-void applyMatrix(const ListScene& scene, const _svg_value* args, MatrixRows& running) {
-  multiplyMatrix(running, {{args[0].value, args[2].value, scene.pixels(args[4])},
-                           {args[1].value, args[3].value, scene.pixels(args[5])},
+void applyMatrix(const PixelScale& scale, const _svg_value* args, MatrixRows& running) {
+  multiplyMatrix(running, {{args[0].value, args[2].value, scale.pixels(args[4])},
+                           {args[1].value, args[3].value, scale.pixels(args[5])},
                            {0.0, 0.0, 1.0}});
 }
 
-void applyTranslate(const ListScene& scene, const _svg_value* args, MatrixRows& running) {
-  translate(scene.pixels(args[0], kAxisWidth), scene.pixels(args[1], kAxisHeight), running);
+void applyTranslate(const PixelScale& scale, const _svg_value* args, MatrixRows& running) {
+  translate(pixelsAlong(scale, kAxisWidth, args[0]), pixelsAlong(scale, kAxisHeight, args[1]),
+            running);
 }
 
-void applyScale(const ListScene&, const _svg_value* args, MatrixRows& running) {
+void applyScale(const PixelScale&, const _svg_value* args, MatrixRows& running) {
   multiplyMatrix(running, {{args[0].value, 0.0, 0.0}, {0.0, args[1].value, 0.0}, {0.0, 0.0, 1.0}});
 }
 
 struct TransformRow {
   TransformKind kind;
   std::int32_t argCount;  // arguments that the function reads
-  void (*apply)(const ListScene& scene, const _svg_value* args, MatrixRows& running);
+  void (*apply)(const PixelScale& scale, const _svg_value* args, MatrixRows& running);
 };
 
 constexpr TransformRow kTransformRows[] = {
@@ -77,11 +68,11 @@ constexpr TransformRow kTransformRows[] = {
 };
 
 /// Multiplies one entry in. An unknown kind, or one without its arguments, changes nothing.
-void applyEntry(const ListScene& scene, const transformEntry& entry, MatrixRows& running) {
+void applyEntry(const PixelScale& scale, const transformEntry& entry, MatrixRows& running) {
   for (const TransformRow& row : kTransformRows) {
     if (row.kind != entry.kind) continue;
     if (entry.args != nullptr && entry.argCount >= row.argCount) {
-      row.apply(scene, entry.args, running);
+      row.apply(scale, entry.args, running);
     }
     return;
   }
@@ -173,12 +164,12 @@ void CAdapterReader::_svgUserSpaceMatrix(_userSpace* space) {
     copyMatrix(kIdentityRows, running);
     return;
   }
-  const ListScene scene{*this, resolutionOf(*this)};
+  const PixelScale scale(*this);
   const std::int32_t known =
-      state.transforms.match({scene.resolution, viewportWidth, viewportHeight}, space->transforms,
+      state.transforms.match({scale.resolution(), viewportWidth, viewportHeight}, space->transforms,
                              space->transformCount, running);
   for (std::int32_t i = known; i < space->transformCount; ++i) {
-    applyEntry(scene, space->transforms[i], running);
+    applyEntry(scale, space->transforms[i], running);
     state.transforms.keep(space->transforms[i], i, running);
   }
 }

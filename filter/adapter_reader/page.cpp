@@ -26,7 +26,8 @@ PageScope::PageScope(CAdapterReader& adapter, const _adapterReadData& record) : 
   adapter.viewportHeight = 0.0F;
   enterContainer(adapter, record.container);
   adapter.map = ISL_GetViewProperty(record.view, 0, kViewMap);
-  adapter.state.resolution = resolutionOf(adapter);
+  const double resolution = resolutionOf(adapter);
+  adapter.state.resolution = {resolution, pixelsPerSvgPixel(resolution)};
   adapter.state.styles.beginPage();
   loadDashTable(adapter);
 }
@@ -34,7 +35,7 @@ PageScope::PageScope(CAdapterReader& adapter, const _adapterReadData& record) : 
 PageScope::~PageScope() {
   freeDashTable(adapter_);
   adapter_.state.styles.endPage();
-  adapter_.state.resolution = 0.0;
+  adapter_.state.resolution = {};
   adapter_.pageHeader = nullptr;
   adapter_.pageRecord = nullptr;
   adapter_.rootGroup = nullptr;

@@ -11,6 +11,12 @@ namespace egfsvg {
 /// Pixels per inch of the adapter's map. While a page is read it was asked once.
 double resolutionOf(const CAdapterReader& adapter);
 
+/// Pixels in one SVG pixel, of which 96 make an inch.
+constexpr double pixelsPerSvgPixel(double resolution) {
+  constexpr double kCssResolution = 96.0;
+  return resolution / kCssResolution;
+}
+
 /// Fills the dash table with the records that the page's document holds already.
 void loadDashTable(CAdapterReader& adapter);
 void freeDashTable(CAdapterReader& adapter);

@@ -3,8 +3,7 @@
 #include <cstring>
 
 #include "adapter_reader/owners.h"
-#include "adapter_reader/page.h"
-#include "adapter_reader/svg_adapterreader.h"
+#include "adapter_reader/pixel_scale.h"
 #include "host/egf_templates.h"
 #include "model/rmm_allocator.h"
 
@@ -27,15 +26,13 @@ void setPolygonTemplate(EgfPolygon* polygon) {
 
 void rectCorners(CAdapterReader& adapter, const _svg_point& origin, const _svg_value& width,
                  const _svg_value& height, _mpl_spacept_tag (&corners)[kRectCorners]) {
-  const double res = resolutionOf(adapter);
-  const double x = adapter.SVGValueToPixelValue(origin.x, res);
-  const double y = adapter.SVGValueToPixelValue(origin.y, res);
+  const PixelScale scale(adapter);
+  const double x = scale.pixels(origin.x);
+  const double y = scale.pixels(origin.y);
   const auto left = static_cast<float>(x * kSpaceUnits);
   const auto top = static_cast<float>(y * kSpaceUnits);
-  const auto right =
-      static_cast<float>((x + adapter.SVGValueToPixelValue(width, res)) * kSpaceUnits);
-  const auto bottom =
-      static_cast<float>((y + adapter.SVGValueToPixelValue(height, res)) * kSpaceUnits);
+  const auto right = static_cast<float>((x + scale.pixels(width)) * kSpaceUnits);
+  const auto bottom = static_cast<float>((y + scale.pixels(height)) * kSpaceUnits);
   corners[0] = {left, top};
   corners[1] = {left, bottom};
   corners[2] = {right, bottom};
@@ -61,7 +58,8 @@ _mpl_spacept_tag* convertedPoints(CAdapterReader& adapter, const _svg_point* poi
     logOutOfMemory(RMM_SITE);
     return nullptr;
   }
-  for (std::int32_t i = 0; i < count; ++i) adapter.SVGPointToPts(points[i], &converted[i]);
+  const PixelScale scale(adapter);
+  for (std::int32_t i = 0; i < count; ++i) converted[i] = scale.point(points[i].x, points[i].y);
   return converted;
 }
 
@@ -83,9 +81,7 @@ _mpl_spacerect_tag pixelBounds(CAdapterReader& adapter, _mpl_spacept_tag* points
 }
 
 double penWidth(CAdapterReader& adapter, const _svg_value& strokeWidth) {
-  __meas width;
-  adapter.castLineThickness(strokeWidth, &width);
-  return width.value;
+  return PixelScale(adapter).pixels(strokeWidth);
 }
 
 }  // namespace egfsvg

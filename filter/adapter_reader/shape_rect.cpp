@@ -1,6 +1,7 @@
 // Rectangles: a box, or a path of four corner arcs or curves when the corners are round.
 
 #include "adapter_reader/owners.h"
+#include "adapter_reader/pixel_scale.h"
 #include "adapter_reader/point_arrays.h"
 #include "adapter_reader/shapes.h"
 #include "adapter_reader/svg_adapterreader.h"
@@ -12,9 +13,9 @@ namespace egfsvg {
 namespace {
 
 /// A radius is at most half its own side. Kept: neither radius borrows from the other here.
-float cornerRadius(CAdapterReader& adapter, const _svg_value& radius, const _svg_value& side) {
-  const float wanted = adapter.castS32(radius);
-  const float length = adapter.castS32(side);
+float cornerRadius(const PixelScale& scale, const _svg_value& radius, const _svg_value& side) {
+  const auto wanted = static_cast<float>(scale.spaceUnits(radius));
+  const auto length = static_cast<float>(scale.spaceUnits(side));
   return 2.0F * wanted > length ? 0.5F * length : wanted;
 }
 
@@ -142,8 +143,9 @@ _egf_obj* CAdapterReader::SVG_formatEGFRect(_svg_rect* element) {
   // Kept: the whole pen width is added where lines add half of it.
   const double margin = penWidth(*this, element->stroke.strokeWidth);
   _mpl_spacerect_tag bounds = cornerBounds(corners[0], corners[2], margin);
-  const float rx = cornerRadius(*this, element->rx, element->width);
-  const float ry = cornerRadius(*this, element->ry, element->height);
+  const PixelScale scale(*this);
+  const float rx = cornerRadius(scale, element->rx, element->width);
+  const float ry = cornerRadius(scale, element->ry, element->height);
   const bool round = rx != 0.0F || ry != 0.0F;
   _egf_obj* object =
       round ? _getPathRect(corners, rx, ry, by.get()) : _getBoxRect(corners, by.get());

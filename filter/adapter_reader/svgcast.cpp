@@ -2,8 +2,7 @@
 
 #include <cmath>
 
-#include "adapter_reader/page.h"
-#include "adapter_reader/svg_adapterreader.h"
+#include "adapter_reader/pixel_scale.h"
 #include "geometry/angles.h"
 #include "host/egf_codes.h"
 #include "host/resolution.h"
@@ -12,7 +11,6 @@
 namespace egfsvg {
 namespace {
 
-constexpr double kCssResolution = 96.0;  // SVG pixels in an inch
 constexpr double kPointsPerInch = 72.0;
 constexpr double kPicasPerInch = 6.0;
 constexpr double kCentimetresPerInch = 2.54;
@@ -52,7 +50,7 @@ std::uint8_t channel(std::int32_t value) { return static_cast<std::uint8_t>(valu
 }  // namespace
 
 double resolutionOf(const CAdapterReader& adapter) {
-  if (adapter.state.resolution > 0.0) return adapter.state.resolution;
+  if (adapter.state.resolution.isKnown()) return adapter.state.resolution.pixelsPerInch;
   double resolution = kDefaultResolution;
   MPL_GetResXFactor(1, 1, adapter.map, &resolution);
   return resolution;
@@ -66,7 +64,7 @@ using namespace egfsvg;
 double CAdapterReader::SVGUnitToPixel(int unit, double res) {
   switch (unit) {
     case kUnitPixel:
-      return res / kCssResolution;
+      return pixelsPerSvgPixel(res);
     case kUnitPoint:
       return res / kPointsPerInch;
     case kUnitPica:
@@ -90,11 +88,11 @@ double CAdapterReader::SVGValueToPixelValue(const _svg_value& value, double res)
 }
 
 float CAdapterReader::castS32(const _svg_value& value) {
-  return static_cast<float>(SVGValueToPixelValue(value, resolutionOf(*this)) * kSpaceUnits);
+  return static_cast<float>(PixelScale(*this).spaceUnits(value));
 }
 
 void CAdapterReader::castLineThickness(const _svg_value& value, __meas* out) {
-  *out = {kMeasureDevice, SVGValueToPixelValue(value, resolutionOf(*this))};
+  *out = {kMeasureDevice, PixelScale(*this).pixels(value)};
 }
 
 int CAdapterReader::castFillMode(int fillRule) { return codeOf(kFillRuleRows, fillRule, 0); }
@@ -115,26 +113,23 @@ int CAdapterReader::castJoinStyle(_svg_pa_stroke& stroke) {
 void CAdapterReader::SVGPointToPts(const _svg_point& point, const _svg_value& dx,
                                    const _svg_value& dy, _mpl_spacept_tag* out) {
   if (out == nullptr) return;
-  const double res = resolutionOf(*this);
+  const PixelScale scale(*this);
   const auto units = [&](const _svg_value& place, const _svg_value& offset) {
-    return static_cast<float>(
-        (SVGValueToPixelValue(place, res) + SVGValueToPixelValue(offset, res)) * kSpaceUnits);
+    return static_cast<float>((scale.pixels(place) + scale.pixels(offset)) * kSpaceUnits);
   };
   *out = {units(point.x, dx), units(point.y, dy)};
 }
 
 void CAdapterReader::SVGPointToPts(const _svg_point& point, _mpl_spacept_tag* out) {
   if (out == nullptr) return;
-  const double res = resolutionOf(*this);
-  *out = {static_cast<float>(SVGValueToPixelValue(point.x, res) * kSpaceUnits),
-          static_cast<float>(SVGValueToPixelValue(point.y, res) * kSpaceUnits)};
+  *out = PixelScale(*this).point(point.x, point.y);
 }
 
 /// Kept: not repeatable. A point that is already in space units comes out as 0.
 void CAdapterReader::SVGPointToPts(_svg_point& point) {
-  const double res = resolutionOf(*this);
+  const PixelScale scale(*this);
   for (_svg_value* value : {&point.x, &point.y}) {
-    value->value = SVGValueToPixelValue(*value, res) * kSpaceUnits;
+    value->value = scale.spaceUnits(*value);
     value->unit = kUnitSpace;
   }
 }

@@ -1,0 +1,39 @@
+// Values to pixels and to space units (1/4096 pixel) at the adapter's resolution, in line: nearly
+// all values of a drawing are in SVG pixels, and those take one product.
+#pragma once
+
+#include "adapter_reader/page.h"
+#include "adapter_reader/svg_adapterreader.h"
+#include "host/egf_small.h"
+
+namespace egfsvg {
+
+class PixelScale {
+ public:
+  /// While a page is read, its resolution is at hand; else the map is asked.
+  explicit PixelScale(CAdapterReader& adapter) : adapter_(adapter) {
+    const ResolutionAtHand& known = adapter.state.resolution;
+    resolution_ = known.isKnown() ? known.pixelsPerInch : resolutionOf(adapter);
+    perUnit_ = known.isKnown() ? known.perSvgPixel : pixelsPerSvgPixel(resolution_);
+  }
+
+  double resolution() const { return resolution_; }
+
+  double pixels(const _svg_value& value) const {
+    if (value.unit == kUnitPixel) [[likely]]
+      return perUnit_ * value.value;
+    return adapter_.SVGValueToPixelValue(value, resolution_);
+  }
+  double spaceUnits(const _svg_value& value) const { return pixels(value) * kSpaceUnits; }
+
+  _mpl_spacept_tag point(const _svg_value& x, const _svg_value& y) const {
+    return {static_cast<float>(spaceUnits(x)), static_cast<float>(spaceUnits(y))};
+  }
+
+ private:
+  CAdapterReader& adapter_;
+  double resolution_;  // pixels per inch
+  double perUnit_;     // pixels in one SVG pixel
+};
+
+}  // namespace egfsvg
