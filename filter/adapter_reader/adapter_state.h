@@ -10,6 +10,8 @@
 #include "adapter_reader/style_numbers.h"
 #include "adapter_reader/transform_cache.h"
 
+struct GroupStackNode;  // group_stack.h
+
 namespace egfsvg {
 
 /// The map that `_findMapMatrix` hands out when no other one is out. It takes no memory of its own.
@@ -35,6 +37,7 @@ struct AdapterState {
   SeenColours colours;
   StyleNumbers styles;
   DashIndex dashes;
+  GroupStackNode* spareNodes = nullptr;  // of closed groups, linked by `next`, for the next ones
 };
 
 }  // namespace egfsvg

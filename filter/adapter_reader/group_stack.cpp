@@ -1,5 +1,6 @@
 #include "adapter_reader/group_stack.h"
 
+#include "adapter_reader/object_boxes.h"
 #include "adapter_reader/owners.h"
 #include "adapter_reader/svg_adapterreader.h"
 #include "frame/result_codes.h"
@@ -27,7 +28,16 @@ void popNode(CAdapterReader& adapter, GroupStackNode* node) {
     adapter.viewportWidth = below->savedWidth;
     adapter.viewportHeight = below->savedHeight;
   }
-  RMM_Free(node);
+  node->next = adapter.state.spareNodes;
+  adapter.state.spareNodes = node;
+}
+
+/// A node of a closed group, else a new one. Null when memory ran out.
+GroupStackNode* takeNode(CAdapterReader& adapter) {
+  GroupStackNode* spare = adapter.state.spareNodes;
+  if (spare == nullptr) return allocateRecord<GroupStackNode>(RMM_SITE);
+  adapter.state.spareNodes = spare->next.get();
+  return spare;
 }
 
 /// A group without a rectangle vanishes: it holds nothing that could be seen.
@@ -46,7 +56,7 @@ _egf_obj* currentGroup() {
 }
 
 bool pushGroup(CAdapterReader& adapter, _egf_obj* group) {
-  auto* node = allocateRecord<GroupStackNode>(RMM_SITE);
+  GroupStackNode* node = takeNode(adapter);
   if (node == nullptr) {
     logOutOfMemory(RMM_SITE);
     return false;
@@ -97,9 +107,16 @@ void releaseGroupStack(CAdapterReader& adapter) {
   adapter.groupStack = nullptr;
 }
 
+void releaseSpareNodes(CAdapterReader& adapter) {
+  while (GroupStackNode* spare = adapter.state.spareNodes) {
+    adapter.state.spareNodes = spare->next.get();
+    RMM_Free(spare);
+  }
+}
+
 bool appendWithMer(_egf_obj* group, _egf_obj* object, HostHandle map) {
-  _mpl_spacerect_tag mer{};
-  if (EEL_GetObjectMer(object, &mer, map) != 0) return false;
+  _mpl_spacerect_tag mer;
+  if (!boxAtHand(object, &mer) && EEL_GetObjectMer(object, &mer, map) != 0) return false;
   if (EEL_AppendObject(group, object) != 0) return false;
   EEL_ExpandMer(&as<EgfGroup>(group)->groupMer, &mer);
   return true;

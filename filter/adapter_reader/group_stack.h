@@ -40,6 +40,9 @@ int closeGroup(CAdapterReader& adapter);
 /// Ends a stack that an aborted page left, with all its groups above the bottom one.
 void releaseGroupStack(CAdapterReader& adapter);
 
+/// Gives back the nodes that closed groups left for the next ones.
+void releaseSpareNodes(CAdapterReader& adapter);
+
 /// Hands the object to the group and grows its rectangle. False, with the object still the
 /// caller's, when it has no rectangle or could not be appended.
 bool appendWithMer(_egf_obj* group, _egf_obj* object, HostHandle map);

@@ -1,82 +1,13 @@
 // From user space to the page: the map of one element, its transform list as a matrix.
 
-#include <cmath>
-
 #include "adapter_reader/owners.h"
 #include "adapter_reader/pixel_scale.h"
-#include "geometry/angles.h"
+#include "adapter_reader/transform_list.h"
 #include "geometry/matrix.h"
 #include "model/rmm_allocator.h"
 
 namespace egfsvg {
 namespace {
-
-/// A coordinate of a function that takes its axis from its place.
-double pixelsAlong(const PixelScale& scale, AxisCode axis, const _svg_value& value) {
-  return scale.pixels({value.unit, value.value, axis});
-}
-
-void translate(double x, double y, MatrixRows& running) {
-  multiplyMatrix(running, {{1.0, 0.0, x}, {0.0, 1.0, y}, {0.0, 0.0, 1.0}});
-}
-
-void applyRotate(const PixelScale& scale, const _svg_value* args, MatrixRows& running) {
-  const double x = pixelsAlong(scale, kAxisWidth, args[1]);
-  const double y = pixelsAlong(scale, kAxisHeight, args[2]);
-  const double angle = radiansOf(args[0].value);
-  const double c = std::cos(angle);
-  const double s = std::sin(angle);
-  translate(x, y, running);
-  multiplyMatrix(running, {{c, -s, 0.0}, {s, c, 0.0}, {0.0, 0.0, 1.0}});
-  translate(-x, -y, running);
-}
-
-void applySkewX(const PixelScale&, const _svg_value* args, MatrixRows& running) {
-  const double slope = std::tan(radiansOf(args[0].value));
-  multiplyMatrix(running, {{1.0, slope, 0.0}, {0.0, 1.0, 0.0}, {0.0, 0.0, 1.0}});
-}
-
-void applySkewY(const PixelScale&, const _svg_value* args, MatrixRows& running) {
-  const double slope = std::tan(radiansOf(args[0].value));
-  multiplyMatrix(running, {{1.0, 0.0, 0.0}, {slope, 1.0, 0.0}, {0.0, 0.0, 1.0}});
-}
-
-void applyMatrix(const PixelScale& scale, const _svg_value* args, MatrixRows& running) {
-  multiplyMatrix(running, {{args[0].value, args[2].value, scale.pixels(args[4])},
-                           {args[1].value, args[3].value, scale.pixels(args[5])},
-                           {0.0, 0.0, 1.0}});
-}
-
-void applyTranslate(const PixelScale& scale, const _svg_value* args, MatrixRows& running) {
-  translate(pixelsAlong(scale, kAxisWidth, args[0]), pixelsAlong(scale, kAxisHeight, args[1]),
-            running);
-}
-
-void applyScale(const PixelScale&, const _svg_value* args, MatrixRows& running) {
-  multiplyMatrix(running, {{args[0].value, 0.0, 0.0}, {0.0, args[1].value, 0.0}, {0.0, 0.0, 1.0}});
-}
-
-struct TransformRow {
-  TransformKind kind;
-  std::int32_t argCount;  // arguments that the function reads
-  void (*apply)(const PixelScale& scale, const _svg_value* args, MatrixRows& running);
-};
-
-constexpr TransformRow kTransformRows[] = {
-    {kRotate, 3, applyRotate}, {kSkewX, 1, applySkewX},         {kSkewY, 1, applySkewY},
-    {kMatrix, 6, applyMatrix}, {kTranslate, 2, applyTranslate}, {kScale, 2, applyScale},
-};
-
-/// Multiplies one entry in. An unknown kind, or one without its arguments, changes nothing.
-void applyEntry(const PixelScale& scale, const transformEntry& entry, MatrixRows& running) {
-  for (const TransformRow& row : kTransformRows) {
-    if (row.kind != entry.kind) continue;
-    if (entry.args != nullptr && entry.argCount >= row.argCount) {
-      row.apply(scale, entry.args, running);
-    }
-    return;
-  }
-}
 
 struct MapRelease {
   void operator()(_viewPortMap* map) const {
@@ -86,13 +17,11 @@ struct MapRelease {
   }
 };
 
-/// A zeroed map with its parts: the adapter's own block, or a new one while that is out.
+/// A map with its parts, whose matrices are not set: the adapter's own block, or a new one while
+/// that is out.
 _viewPortMap* takeMap(MapBlock& block) {
   if (!block.inUse) {
     block.inUse = true;
-    block.userSpace = {};
-    block.viewBox = {};
-    block.map = {};
     block.map.userSpace = &block.userSpace;
     block.map.viewBox = &block.viewBox;
     return &block.map;
@@ -102,6 +31,14 @@ _viewPortMap* takeMap(MapBlock& block) {
   map->userSpace = allocateZeroed<_userSpace>(RMM_SITE);
   map->viewBox = allocateZeroed<_viewBox>(RMM_SITE);
   return map->userSpace != nullptr && map->viewBox != nullptr ? map.release() : nullptr;
+}
+
+/// The product of a whole list whose numbers are not all finite.
+void multiplyList(const PixelScale& scale, const _userSpace& space, MatrixRows& product) {
+  copyMatrix(kIdentityRows, product);
+  for (std::int32_t i = 0; i < space.transformCount; ++i) {
+    multiplyEntry(scale, space.transforms[i], product);
+  }
 }
 
 }  // namespace
@@ -121,6 +58,10 @@ _viewPortMap* CAdapterReader::_findMapMatrix(_svg_common* element, _svg_viewbox*
   _svgViewBoxMatrix(found->viewBox);
   _svgUserSpaceMatrix(found->userSpace);
   if (element->transformCount <= 0) return found;  // a product with the identity changes nothing
+  if (ports == nullptr) {  // so the viewport's matrix is the identity, as that of the view box is
+    multiplyIdentity(found->userSpace->matrix.m, found->matrix.m);
+    return found;
+  }
   MultMatrix(&found->matrix, &found->viewBox->matrix);
   MultMatrix(&found->matrix, &found->userSpace->matrix);
   return found;
@@ -159,19 +100,21 @@ void CAdapterReader::_svgViewPortMatrix(_viewPortMap* target) {
 void CAdapterReader::_svgViewBoxMatrix(_viewBox* box) { copyMatrix(kIdentityRows, box->matrix.m); }
 
 void CAdapterReader::_svgUserSpaceMatrix(_userSpace* space) {
-  MatrixRows& running = space->matrix.m;
   if (space->transformCount <= 0 || space->transforms == nullptr) {
-    copyMatrix(kIdentityRows, running);
+    copyMatrix(kIdentityRows, space->matrix.m);
     return;
   }
   const PixelScale scale(*this);
+  PlaneRows running;
   const std::int32_t known =
       state.transforms.match({scale.resolution(), viewportWidth, viewportHeight}, space->transforms,
                              space->transformCount, running);
   for (std::int32_t i = known; i < space->transformCount; ++i) {
-    applyEntry(scale, space->transforms[i], running);
+    multiplyEntry(scale, space->transforms[i], running);
     state.transforms.keep(space->transforms[i], i, running);
   }
+  setMatrix(running, space->matrix.m);
+  if (!isFinite(running)) multiplyList(scale, *space, space->matrix.m);
 }
 
 int CAdapterReader::svg_DecomposeMatrix(double (*matrix)[3], double* shear, double* scaleX,

@@ -34,6 +34,7 @@ PageScope::PageScope(CAdapterReader& adapter, const _adapterReadData& record) : 
 
 PageScope::~PageScope() {
   freeDashTable(adapter_);
+  releaseSpareNodes(adapter_);
   adapter_.state.styles.endPage();
   adapter_.state.resolution = {};
   adapter_.pageHeader = nullptr;

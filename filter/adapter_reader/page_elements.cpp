@@ -1,6 +1,9 @@
 // Element records as they arrive: one row for each tag says whether display can hide it, what
 // builds it and how the new object reaches the open group.
 
+#include <array>
+#include <cstddef>
+
 #include "adapter_reader/containers.h"
 #include "adapter_reader/group_stack.h"
 #include "adapter_reader/hidden.h"
@@ -14,21 +17,15 @@ namespace {
 
 using Formatter = _egf_obj* (*)(CAdapterReader& adapter, void* record);
 
+/// Where a record keeps its graphics; 0: display hides nothing.
+inline constexpr std::size_t kAlwaysShown = 0;
+
 struct ElementRow {
   std::int32_t tag;
   int (*take)(CAdapterReader& adapter, _handlerObject& object, const ElementRow& row);
-  const _svg_pa_graphics* (*graphics)(const void* record);  // null: display hides nothing
-  Formatter format;                                         // null: the element is passed over
+  std::size_t graphicsAt;
+  Formatter format;  // null: the element is passed over
 };
-
-template <class Record>
-const _svg_pa_graphics* graphicsOf(const void* record) {
-  return &static_cast<const Record*>(record)->graphics;
-}
-
-const _svg_pa_graphics* linkGraphics(const void* record) {
-  return &static_cast<const _svg_a*>(record)->pa.graphics;
-}
 
 template <class Record, _egf_obj* (CAdapterReader::*kFormat)(Record*)>
 _egf_obj* formatted(CAdapterReader& adapter, void* record) {
@@ -42,36 +39,34 @@ _egf_obj* formattedPolyline(CAdapterReader& adapter, void* record) {
   return formatPolygon(adapter, pointShape(*polyline, false));
 }
 
-/// The new object of a row, or none: nothing open, hidden, nothing to build. `result` is then the
-/// callback's.
-ObjectOwner build(CAdapterReader& adapter, _handlerObject& object, const ElementRow& row,
-                  int* result) {
-  *result = kGoOn;
-  if (openGroups.currentNode == nullptr) {
-    *result = adapter._logError(adapter.silent, kMessageNoOpenContainer);
-    return nullptr;
-  }
-  void* record = object.payload<void>();
-  if (row.graphics != nullptr && isNotDisplayed(*row.graphics(record), record)) return nullptr;
-  return ObjectOwner(row.format == nullptr ? nullptr : row.format(adapter, record));
+int logNothingOpen(CAdapterReader& adapter) {
+  return adapter._logError(adapter.silent, kMessageNoOpenContainer);
+}
+
+/// The new object of a row, or none: hidden, nothing to build.
+ObjectOwner build(CAdapterReader& adapter, _handlerObject& object, const ElementRow& row) {
+  auto* record = object.payload<char>();
+  const auto* graphics = reinterpret_cast<const _svg_pa_graphics*>(record + row.graphicsAt);
+  const bool hidden = row.graphicsAt != kAlwaysShown && isNotDisplayed(*graphics, record);
+  return ObjectOwner(hidden || row.format == nullptr ? nullptr : row.format(adapter, record));
 }
 
 /// Hands the new object over to the open group. One without a rectangle is dropped.
 int attach(CAdapterReader& adapter, _handlerObject& object, const ElementRow& row) {
-  int result = kGoOn;
-  ObjectOwner made = build(adapter, object, row, &result);
+  if (openGroups.currentNode == nullptr) return logNothingOpen(adapter);
+  ObjectOwner made = build(adapter, object, row);
   _egf_obj* group = made ? currentGroup() : nullptr;
   if (group != nullptr && appendWithMer(group, made.get(), adapter.map)) (void)made.release();
-  return result;
+  return kGoOn;
 }
 
 /// Gives the open group a copy of the new object.
 int put(CAdapterReader& adapter, _handlerObject& object, const ElementRow& row) {
-  int result = kGoOn;
-  const ObjectOwner made = build(adapter, object, row, &result);
+  if (openGroups.currentNode == nullptr) return logNothingOpen(adapter);
+  const ObjectOwner made = build(adapter, object, row);
   _egf_obj* group = made ? currentGroup() : nullptr;
   if (group != nullptr) EEL_PutObject(group, made.get(), adapter.map);
-  return result;
+  return kGoOn;
 }
 
 template <int (*kTake)(CAdapterReader&, _handlerObject&)>
@@ -81,36 +76,59 @@ int container(CAdapterReader& adapter, _handlerObject& object, const ElementRow&
 
 template <class Record, _egf_obj* (CAdapterReader::*kFormat)(Record*)>
 constexpr ElementRow shapeRow(std::int32_t tag) {
-  return {tag, attach, graphicsOf<Record>, formatted<Record, kFormat>};
+  return {tag, attach, offsetof(Record, graphics), formatted<Record, kFormat>};
 }
 
 constexpr ElementRow kElementRows[] = {
     shapeRow<_svg_rect, &CAdapterReader::SVG_formatEGFRect>(kTagRect),
     shapeRow<_svg_path, &CAdapterReader::SVG_formatGDIPlusPath>(kTagPath),
-    {kTagGroup, container<openGroup>, nullptr, nullptr},
-    {kTagEndGroup, container<closeContainer>, nullptr, nullptr},
+    {kTagGroup, container<openGroup>, kAlwaysShown, nullptr},
+    {kTagEndGroup, container<closeContainer>, kAlwaysShown, nullptr},
     shapeRow<_svg_circle, &CAdapterReader::SVG_formatEGFCircle>(kTagCircle),
     shapeRow<_svg_ellipse, &CAdapterReader::SVG_formatEGFEllipse>(kTagEllipse),
     shapeRow<_svg_line, &CAdapterReader::SVG_formatEGFLine>(kTagLine),
-    {kTagPolyline, attach, graphicsOf<_svg_polyline>, formattedPolyline},
+    {kTagPolyline, attach, offsetof(_svg_polyline, graphics), formattedPolyline},
     shapeRow<_svg_polygon, &CAdapterReader::SVG_formatEGFPolygon>(kTagPolygon),
-    {kTagText, put, graphicsOf<_svg_text>, nullptr},
-    {kTagImage, attach, graphicsOf<_svg_image>, nullptr},
-    {kTagLink, attach, linkGraphics, nullptr},
-    {kTagSvg, container<openSvg>, nullptr, nullptr},
-    {kTagEndSvg, container<closeContainer>, nullptr, nullptr},
-    {kTagCloud, put, nullptr, nullptr},
-    {kTagCrossout, put, nullptr, nullptr},
-    {kTagDiamond, put, nullptr, nullptr},
-    {kTagAnnotation, attach, nullptr, nullptr},
+    {kTagText, put, offsetof(_svg_text, graphics), nullptr},
+    {kTagImage, attach, offsetof(_svg_image, graphics), nullptr},
+    {kTagLink, attach, offsetof(_svg_a, pa.graphics), nullptr},
+    {kTagSvg, container<openSvg>, kAlwaysShown, nullptr},
+    {kTagEndSvg, container<closeContainer>, kAlwaysShown, nullptr},
+    {kTagCloud, put, kAlwaysShown, nullptr},
+    {kTagCrossout, put, kAlwaysShown, nullptr},
+    {kTagDiamond, put, kAlwaysShown, nullptr},
+    {kTagAnnotation, attach, kAlwaysShown, nullptr},
 };
+
+/// The rows by tag: opening tags by their code, behind them the closing ones, from the first.
+constexpr std::int32_t kOpeningTags = kTagAnnotation + 1;
+constexpr std::int32_t kFirstClosing = kTagEndSvg;
+constexpr std::int32_t kClosingTags = kTagEndGroup - kFirstClosing + 1;
+
+constexpr std::size_t placeOf(std::int32_t tag) {
+  const std::int32_t place = tag < kFirstClosing ? tag : kOpeningTags + (tag - kFirstClosing);
+  return static_cast<std::size_t>(place);
+}
+
+consteval auto rowsByTag() {
+  std::array<ElementRow, kOpeningTags + kClosingTags> rows{};
+  for (const ElementRow& row : kElementRows) rows[placeOf(row.tag)] = row;
+  return rows;
+}
+
+constexpr auto kRowsByTag = rowsByTag();
+
+const ElementRow* rowOf(std::int32_t tag) {
+  const bool isOpening = tag >= 0 && tag < kOpeningTags;
+  const bool isClosing = tag >= kFirstClosing && tag < kFirstClosing + kClosingTags;
+  return isOpening || isClosing ? &kRowsByTag[placeOf(tag)] : nullptr;
+}
 
 }  // namespace
 }  // namespace egfsvg
 
 int CAdapterReader::EnumerateDataCallback(_handlerObject* record) {
-  for (const egfsvg::ElementRow& row : egfsvg::kElementRows) {
-    if (row.tag == record->type) return row.take(*this, *record, row);
-  }
-  return egfsvg::kUnknownReadType;
+  const egfsvg::ElementRow* row = egfsvg::rowOf(record->type);
+  if (row == nullptr || row->take == nullptr) return egfsvg::kUnknownReadType;
+  return row->take(*this, *record, *row);
 }

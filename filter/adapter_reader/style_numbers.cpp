@@ -16,18 +16,29 @@ void StyleNumbers::beginPage() {
 void StyleNumbers::endPage() { *this = {}; }
 
 template <class Record>
+HostHandle StyleNumbers::tableOf(HostHandle document, StyleClass styleClass,
+                                 Last<Record>& last) const {
+  if (!pageOpen_ || !last.lookedUp) {
+    last.table = ISL_GetProperty(OBJ_GetRootTrace(document, RMM_SITE),
+                                 static_cast<std::uint32_t>(styleClass));
+    last.lookedUp = true;
+  }
+  return last.table;
+}
+
+template <class Record>
 std::uint32_t StyleNumbers::offer(HostHandle document, StyleClass styleClass, const Record& record,
                                   Last<Record>& last) {
   if (pageOpen_ && last.number != 0 && std::memcmp(&last.record, &record, sizeof record) == 0) {
     return last.number;
   }
-  HostHandle table = pageOpen_ ? last.table : 0;
-  if (table == 0) {
-    table = ISL_GetProperty(OBJ_GetRootTrace(document, RMM_SITE),
-                            static_cast<std::uint32_t>(styleClass));
-  }
+  const HostHandle table = tableOf(document, styleClass, last);
+  if (table == 0) return 0;
   const std::uint32_t number = STYLE_AppendUnique(table, sizeof record, &record);
-  if (number != 0) last = {table, number, record};
+  if (number != 0) {
+    last.number = number;
+    last.record = record;
+  }
   return number;
 }
 

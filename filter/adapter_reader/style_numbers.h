@@ -27,10 +27,13 @@ class StyleNumbers {
  private:
   template <class Record>
   struct Last {
-    HostHandle table = 0;      // 0: not looked up yet
+    bool lookedUp = false;     // the table, of the page's document
+    HostHandle table = 0;      // 0: the document has none
     std::uint32_t number = 0;  // 0: nothing offered yet
     Record record;
   };
+  template <class Record>
+  HostHandle tableOf(HostHandle document, StyleClass styleClass, Last<Record>& last) const;
   template <class Record>
   std::uint32_t offer(HostHandle document, StyleClass styleClass, const Record& record,
                       Last<Record>& last);

@@ -56,6 +56,7 @@ CAdapterReader::CAdapterReader() { CreatePalette(); }
 CAdapterReader::~CAdapterReader() {
   freePalette(palette);
   releaseGroupStack(*this);
+  releaseSpareNodes(*this);
 }
 
 void CAdapterReader::operator delete(void* block) { RMM_Free(block); }

@@ -24,6 +24,30 @@ void multiplyMatrix(MatrixRows& left, const MatrixRows& right) {
   }
 }
 
+void multiplyIdentity(const MatrixRows& right, MatrixRows& product) {
+  for (int k = 0; k < 3; ++k) {
+    const double zeros[3] = {right[0][k] * 0.0, right[1][k] * 0.0, right[2][k] * 0.0};
+    product[0][k] = right[0][k] + zeros[1] + zeros[2];
+    product[1][k] = zeros[0] + right[1][k] + zeros[2];
+    product[2][k] = zeros[0] + zeros[1] + right[2][k];
+  }
+}
+
+bool isFinite(const PlaneRows& rows) {
+  double zeros = 0.0;
+  for (const double(&row)[3] : rows) {
+    for (const double number : row) zeros += number * 0.0;
+  }
+  return zeros == 0.0;
+}
+
+void setMatrix(const PlaneRows& rows, MatrixRows& whole) {
+  std::memcpy(whole, rows, sizeof rows);
+  whole[2][0] = 0.0;
+  whole[2][1] = 0.0;
+  whole[2][2] = 1.0;
+}
+
 bool decomposeMatrix(const MatrixRows& m, Decomposition* parts) {
   const double determinant = m[0][0] * m[1][1] - m[1][0] * m[0][1];
   if (std::fabs(determinant) < kSingular) {
