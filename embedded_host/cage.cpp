@@ -13,6 +13,7 @@ char* RMM_cageBase = nullptr;
 namespace egfhost {
 
 char* cageStart = nullptr;
+std::size_t cageReach = kPageSize;
 PageRun pageRuns[kCagePages];
 std::uint32_t pageOwner[kCagePages];
 
@@ -32,8 +33,10 @@ constexpr std::uint32_t kLargePages = kLargePage >> kPageShift;
 constexpr std::uint32_t kCommitStep = 1024;
 // Pages at the front that stay small ones, so that a small drawing takes little memory.
 constexpr std::uint32_t kSmallPages = 1024;
-// Freed pages that are kept at hand before the system gets them back.
-constexpr std::uint32_t kDirtyPagesKept = 16384;
+// Freed pages that stay at hand for the next drawing: when there are this many more of them, the
+// system gets those back.
+constexpr std::uint32_t kPagesKept = 24576;
+constexpr std::uint32_t kPagesOver = 8192;
 // Free runs of the fitting bin that are tried before a larger one is cut.
 constexpr int kRunsLookedAt = 32;
 
@@ -44,7 +47,6 @@ struct CageState {
   std::uint32_t committed = 0;  // pages below are readable and writable
   std::uint32_t runsEnd = 1;    // pages from here on have never been used
   std::uint32_t dirtyPages = 0;
-  std::uint32_t purgeAbove = kDirtyPagesKept;
   bool reserved = false;
 };
 
@@ -94,17 +96,30 @@ std::uint32_t nextFilledBin(std::uint32_t bin) {
   return kBins;
 }
 
-// A free run of at least that length, 0 for none. Any run of a later bin fits; in the first bin a
-// few are looked at.
-std::uint32_t findFree(std::uint32_t pages) {
-  const std::uint32_t own = binOf(pages);
+// A length, and what number its first page must be a multiple of.
+struct RunShape {
+  std::uint32_t pages;
+  std::uint32_t alignment;
+
+  std::uint32_t firstFrom(std::uint32_t page) const {
+    return (page + alignment - 1) / alignment * alignment;
+  }
+  bool fitsInto(std::uint32_t run) const {
+    return firstFrom(run) + pages <= run + pageRuns[run].pages;
+  }
+};
+
+// A free run that the shape fits into, 0 for none. In the first bin a few runs are looked at, then
+// one of each bin.
+std::uint32_t findFree(RunShape shape) {
+  const std::uint32_t own = binOf(shape.pages);
   std::uint32_t run = state.bins[own];
   for (int looked = 0; run != 0 && looked < kRunsLookedAt; ++looked) {
-    if (pageRuns[run].pages >= pages) return run;
+    if (shape.fitsInto(run)) return run;
     run = pageRuns[run].next;
   }
   for (std::uint32_t bin = nextFilledBin(own + 1); bin < kBins; bin = nextFilledBin(bin + 1)) {
-    if (pageRuns[state.bins[bin]].pages >= pages) return state.bins[bin];
+    if (shape.fitsInto(state.bins[bin])) return state.bins[bin];
   }
   return 0;
 }
@@ -121,51 +136,88 @@ bool commitUpTo(std::uint32_t end) {
   return true;
 }
 
-// Gives the memory behind a free run back to the system and tells how many pages stayed. Large
-// pages go back whole: one that is taken apart is slow to come again.
-std::uint32_t giveBack(std::uint32_t run) {
-  if (!pageRuns[run].dirty) return 0;
-  const std::uint32_t end = run + pageRuns[run].pages;
-  const std::uint32_t first = (run + kLargePages - 1) / kLargePages * kLargePages;
+// Gives memory at the end of a free run back to the system, `spared` pages at least remaining at
+// its start; tells how many pages stay. Large pages go back whole: one that is taken apart is slow
+// to come again.
+std::uint32_t giveBack(std::uint32_t run, std::uint32_t spared) {
+  const std::uint32_t pages = pageRuns[run].pages;
+  const std::uint32_t end = run + pages;
+  const std::uint32_t from = run + std::min(spared, pages);
+  const std::uint32_t first = (from + kLargePages - 1) / kLargePages * kLargePages;
   const std::uint32_t last = end / kLargePages * kLargePages;
-  if (first >= last) return end - run;
+  if (first >= last) return pages;
   madvise(pageAddress(first), std::size_t{last - first} << kPageShift, MADV_DONTNEED);
-  const std::uint32_t stayed = pageRuns[run].pages - (last - first);
-  pageRuns[run].dirty = stayed != 0;
-  return stayed;
+  pageRuns[run].dirty = pages != last - first;
+  return pages - (last - first);
 }
 
-// Gives memory behind the free runs back; their addresses stay ours.
+// Gives the memory behind free runs back but for what is kept; their addresses stay ours.
 void purge() {
   state.dirtyPages = 0;
   for (std::uint32_t bin = nextFilledBin(0); bin < kBins; bin = nextFilledBin(bin + 1)) {
     for (std::uint32_t run = state.bins[bin]; run != 0; run = pageRuns[run].next) {
-      state.dirtyPages += giveBack(run);
+      if (!pageRuns[run].dirty) continue;
+      state.dirtyPages += giveBack(run, kPagesKept - std::min(kPagesKept, state.dirtyPages));
     }
   }
-  state.purgeAbove = state.dirtyPages + kDirtyPagesKept;
 }
 
-// Cuts a run that is in no list to its length; what is left over becomes free.
-void trimRun(std::uint32_t first, std::uint32_t have, std::uint32_t pages, bool dirty) {
-  if (have > pages) linkFree(first + pages, have - pages, dirty);
+// Puts free pages that are in no list together with the free runs beside them.
+void mergeFree(std::uint32_t first, std::uint32_t pages, bool dirty) {
+  const std::uint32_t after = first + pages;
+  if (after < state.runsEnd && pageRuns[after].kind == RunKind::kFree) {
+    unlinkFree(after);
+    pages += pageRuns[after].pages;
+    dirty |= pageRuns[after].dirty;
+    pageRuns[after] = PageRun{};
+  }
+  const std::uint32_t before = first > 1 ? pageOwner[first - 1] : 0;
+  if (before != 0 && pageRuns[before].kind == RunKind::kFree &&
+      before + pageRuns[before].pages == first) {
+    unlinkFree(before);
+    pages += pageRuns[before].pages;
+    dirty |= pageRuns[before].dirty;
+    first = before;
+  }
+  linkFree(first, pages, dirty);
 }
 
-// A run after the last one ever used.
-std::uint32_t takeFresh(std::uint32_t pages) {
-  if (pages > kCagePages - state.runsEnd || !commitUpTo(state.runsEnd + pages)) return 0;
-  const std::uint32_t first = state.runsEnd;
-  state.runsEnd += pages;
+void moveRunsEnd(std::uint32_t end) {
+  state.runsEnd = end;
+  cageReach = std::size_t{end} << kPageShift;
+}
+
+// Pages after the last ones ever used.
+std::uint32_t takeFresh(RunShape shape) {
+  const std::uint32_t from = state.runsEnd;
+  const std::uint32_t first = shape.firstFrom(from);
+  if (first > kCagePages - shape.pages || !commitUpTo(first + shape.pages)) return 0;
+  moveRunsEnd(first + shape.pages);
+  if (first > from) mergeFree(from, first - from, false);
   return first;
 }
 
-std::uint32_t takeUsed(std::uint32_t pages) {
-  const std::uint32_t first = findFree(pages);
+// Takes the pages of a shape out of a free run; what is left over stays free.
+std::uint32_t cutOut(std::uint32_t from, RunShape shape) {
+  const PageRun run = pageRuns[from];
+  unlinkFree(from);
+  pageRuns[from] = PageRun{};
+  if (run.dirty) state.dirtyPages -= std::min(state.dirtyPages, shape.pages);
+  const std::uint32_t first = shape.firstFrom(from);
+  const std::uint32_t end = first + shape.pages;
+  if (first > from) linkFree(from, first - from, run.dirty);
+  if (from + run.pages > end) linkFree(end, from + run.pages - end, run.dirty);
+  return first;
+}
+
+std::uint32_t takeRun(RunShape shape, RunKind kind) {
+  if (!reserveCage()) return 0;
+  const std::uint32_t found = findFree(shape);
+  const std::uint32_t first = found != 0 ? cutOut(found, shape) : takeFresh(shape);
   if (first == 0) return 0;
-  const PageRun run = pageRuns[first];
-  unlinkFree(first);
-  if (run.dirty) state.dirtyPages -= std::min(state.dirtyPages, pages);
-  trimRun(first, run.pages, pages, run.dirty);
+  pageRuns[first] = PageRun{};
+  pageRuns[first].pages = shape.pages;
+  pageRuns[first].kind = kind;
   return first;
 }
 
@@ -183,59 +235,29 @@ bool reserveCage() {
   return true;
 }
 
-bool cageReaches(HostHandle offset) {
-  return offset >= kPageSize && (offset >> kPageShift) < state.runsEnd;
-}
+std::uint32_t takeLargeRun(std::uint32_t pages) { return takeRun({pages, 1}, RunKind::kLarge); }
 
-std::uint32_t takeRun(std::uint32_t pages, RunKind kind) {
-  if (pages == 0 || !reserveCage()) return 0;
-  std::uint32_t first = takeUsed(pages);
-  if (first == 0) first = takeFresh(pages);
-  if (first == 0) return 0;
-  pageRuns[first] = PageRun{};
-  pageRuns[first].pages = pages;
-  pageRuns[first].kind = kind;
-  pageOwner[first] = first;
-  return first;
-}
+std::uint32_t takeRegionRun() { return takeRun({kRegionPages, kRegionPages}, RunKind::kRegion); }
 
 void releaseRun(std::uint32_t first) {
-  std::uint32_t pages = pageRuns[first].pages;
+  const std::uint32_t pages = pageRuns[first].pages;
   poison(pageAddress(first), std::size_t{pages} << kPageShift);
-  state.dirtyPages += pages;
   pageRuns[first] = PageRun{};
-  const std::uint32_t after = first + pages;
-  if (after < state.runsEnd && pageRuns[after].kind == RunKind::kFree) {
-    unlinkFree(after);
-    pages += pageRuns[after].pages;
-    pageRuns[after] = PageRun{};
-  }
-  const std::uint32_t before = first > 1 ? pageOwner[first - 1] : 0;
-  if (before != 0 && pageRuns[before].kind == RunKind::kFree &&
-      before + pageRuns[before].pages == first) {
-    unlinkFree(before);
-    pages += pageRuns[before].pages;
-    first = before;
-  }
-  linkFree(first, pages, true);
-  if (state.dirtyPages > state.purgeAbove) purge();
+  state.dirtyPages += pages;
+  mergeFree(first, pages, true);
+  if (state.dirtyPages > kPagesKept + kPagesOver) purge();
 }
 
 bool extendRun(std::uint32_t first, std::uint32_t pages) {
-  PageRun& run = pageRuns[first];
-  const std::uint32_t after = first + run.pages;
-  const std::uint32_t more = pages - run.pages;
+  const std::uint32_t after = first + pageRuns[first].pages;
+  const RunShape more{pages - pageRuns[first].pages, 1};
   if (after == state.runsEnd) {
     if (takeFresh(more) == 0) return false;
   } else {
-    if (pageRuns[after].kind != RunKind::kFree || pageRuns[after].pages < more) return false;
-    const PageRun free = pageRuns[after];
-    unlinkFree(after);
-    pageRuns[after] = PageRun{};
-    if (free.dirty) state.dirtyPages -= std::min(state.dirtyPages, more);
-    trimRun(after, free.pages, more, free.dirty);
+    if (pageRuns[after].kind != RunKind::kFree || !more.fitsInto(after)) return false;
+    cutOut(after, more);
   }
-  run.pages = pages;
+  pageRuns[first].pages = pages;
   return true;
 }
 

@@ -14,17 +14,17 @@ inline constexpr unsigned kPageShift = 12;
 inline constexpr std::size_t kPageSize = std::size_t{1} << kPageShift;
 inline constexpr std::uint32_t kCagePages = kCageSize >> kPageShift;
 
-enum class RunKind : std::uint8_t { kNone, kFree, kSlab, kLarge };
+// A region of small blocks is a run of this length that starts at a multiple of it.
+inline constexpr std::uint32_t kRegionPages = 16;
+inline constexpr std::uint32_t kRegionSize = kRegionPages << kPageShift;
+
+enum class RunKind : std::uint8_t { kNone, kFree, kRegion, kLarge };
 
 // What the cage knows of a run of pages; it stands at the number of the run's first page.
 struct PageRun {
   std::uint32_t pages;  // length
-  std::uint32_t next;   // free runs of one bin, slabs of one class with room: page numbers, 0 ends
+  std::uint32_t next;   // free: the next one of the same bin, 0 ends
   std::uint32_t previous;
-  HostHandle freeSlot;   // slab: first free slot, 0 for none
-  std::uint16_t used;    // slab: slots given out
-  std::uint16_t carved;  // slab: slots ever given out
-  std::uint8_t sizeClass;
   RunKind kind;
   bool dirty;  // free: has pages that the system could take back
 };
@@ -34,8 +34,7 @@ extern char* cageStart;
 
 // Tables over all pages; entries of pages never used are never touched.
 extern PageRun pageRuns[kCagePages];
-// The first page of the run that a page is in: of every page of a slab, of the last page of a free
-// run, of the first page of a large one.
+// The first page of the free run that a page is the first or the last of.
 extern std::uint32_t pageOwner[kCagePages];
 
 inline std::uint32_t pageOf(const void* address) {
@@ -48,11 +47,15 @@ inline char* pageAddress(std::uint32_t page) {
 // Reserves the range, once. False when the system has no room for it.
 bool reserveCage();
 
-// True for an offset inside memory that has been given out at some time, so that it can be read.
-bool cageReaches(HostHandle offset);
+// Bytes of the cage that have been given out at some time, so that they can be read. The first page
+// counts among them though nobody has it.
+extern std::size_t cageReach;
 
-// The first page of a new run of that kind; 0 when the cage is full.
-std::uint32_t takeRun(std::uint32_t pages, RunKind kind);
+// The first page of a new run for a large block; 0 when the cage is full.
+std::uint32_t takeLargeRun(std::uint32_t pages);
+
+// The first page of a new region; 0 when the cage is full.
+std::uint32_t takeRegionRun();
 
 void releaseRun(std::uint32_t first);
 

@@ -3,6 +3,7 @@
 #include <array>
 #include <optional>
 
+#include "embedded_host/allocation_watch.h"
 #include "embedded_host/host_faults.h"
 #include "host/framework.h"
 
@@ -45,6 +46,11 @@ std::optional<std::size_t> callIndex(std::string_view name) {
   return std::nullopt;
 }
 
+void arm(bool armed) {
+  faultsArmed = armed;
+  renewAllocationWatch();
+}
+
 bool strikesNow(const CallPlan& plan) {
   if (plan.at == 0) return false;
   return plan.span == FaultSpan::kForEver ? plan.count >= plan.at : plan.count == plan.at;
@@ -66,13 +72,13 @@ bool armFault(std::string_view call, std::uint64_t n, FaultKind kind, FaultSpan 
   if (!index || n == 0) return false;
   if (kind == FaultKind::kThrow && !kCallRows[*index].mayThrow) return false;
   state.plans[*index] = CallPlan{.count = 0, .at = n, .kind = kind, .span = span};
-  faultsArmed = true;
+  arm(true);
   return true;
 }
 
 void countCalls() {
   clearFaults();
-  faultsArmed = true;
+  arm(true);
 }
 
 std::uint64_t callCount(std::string_view call) {
@@ -83,7 +89,7 @@ std::uint64_t callCount(std::string_view call) {
 std::uint64_t faultsStruck() { return state.struck; }
 
 void clearFaults() {
-  faultsArmed = false;
+  arm(false);
   state = FaultState{};
 }
 

@@ -4,13 +4,15 @@
 #include <array>
 #include <cstdio>
 #include <cstring>
-#include <memory>
 
+#include "embedded_host/allocation_watch.h"
 #include "embedded_host/blocks.h"
 #include "embedded_host/fault.h"
 #include "embedded_host/host_memory.h"
 
 namespace egfhost {
+
+std::size_t unwatchedBelow = kSlotMax - kBlockOverhead + 1;
 
 namespace {
 
@@ -18,12 +20,36 @@ namespace {
 constexpr std::size_t kRetiredBlocks = kPoisoning ? 4096 : 1;
 constexpr std::size_t kRetiredLargest = 65536;
 
+// What is live is kept as its distance from the peak: a call that raises the peak makes that
+// distance negative, which is the only time that the peak has to be looked at.
+struct Height {
+  std::uint64_t peak = 0;
+  std::int64_t below = 0;
+
+  std::uint64_t live() const { return peak - static_cast<std::uint64_t>(below); }
+  void rise(std::int64_t by) {
+    below -= by;
+    if (below < 0) {
+      peak -= static_cast<std::uint64_t>(below);
+      below = 0;
+    }
+  }
+  void fall(std::int64_t by) { below += by; }
+  void restart() {
+    peak = live();
+    below = 0;
+  }
+};
+
 // All that the allocator keeps besides the cage.
 struct MemoryState {
-  MemoryCounters counters{};
+  Height bytes;
+  Height blocks;
+  std::uint64_t allocations = 0;
+  std::uint64_t refusals = 0;
+  std::uint64_t badFrees = 0;
   std::uint64_t byteBudget = 0;
   std::uint64_t blockBudget = 0;
-  bool budgeted = false;
   std::array<BlockHeader*, kRetiredBlocks> retired{};
   std::size_t nextRetired = 0;
 };
@@ -36,73 +62,98 @@ constinit MemoryState state{};
 // Whether budgets and armed faults let a call through that adds so many bytes and blocks.
 bool admits(std::uint64_t bytes, std::uint64_t blocks) {
   if (faultFails(FaultCall::RMM)) return false;
-  const MemoryCounters& now = state.counters;
-  if (state.byteBudget != 0 && now.liveBytes + bytes > state.byteBudget) return false;
-  return state.blockBudget == 0 || now.liveBlocks + blocks <= state.blockBudget;
+  if (state.byteBudget != 0 && state.bytes.live() + bytes > state.byteBudget) return false;
+  return state.blockBudget == 0 || state.blocks.live() + blocks <= state.blockBudget;
 }
 
-inline bool watched() { return faultsArmed | state.budgeted; }
+bool watched() { return unwatchedBelow == 0; }
 
 void* refuse() {
-  ++state.counters.refusals;
+  ++state.refusals;
   return nullptr;
 }
 
-void countLive(std::uint64_t bytes, std::uint64_t blocks) {
-  MemoryCounters& counters = state.counters;
-  counters.liveBytes += bytes;
-  counters.liveBlocks += blocks;
-  ++counters.allocations;
-  if (counters.liveBytes > counters.peakBytes) counters.peakBytes = counters.liveBytes;
-  if (counters.liveBlocks > counters.peakBlocks) counters.peakBlocks = counters.liveBlocks;
+// Where a block was asked for.
+struct Site {
+  const char* file;
+  int line;
+
+  std::uint16_t shortLine() const {
+    return static_cast<std::uint16_t>(
+        std::min<unsigned>(static_cast<unsigned>(line), kMaxSiteLine));
+  }
+};
+
+EGFHOST_SEES_POISON inline void writeHeader(BlockHeader* header, Site site, std::size_t size,
+                                            std::size_t sizeClass, BlockState blockState) {
+  *header = BlockHeader{site.file, static_cast<std::uint32_t>(size), site.shortLine(),
+                        static_cast<std::uint8_t>(sizeClass), blockState};
 }
 
-EGFHOST_SEES_POISON void setSite(BlockHeader* header, std::size_t size, const char* file,
-                                 int line) {
-  header->file = file;
-  header->size = static_cast<std::uint32_t>(size);
-  header->line = static_cast<std::uint16_t>(std::min<unsigned>(line, kMaxSiteLine));
+void countNew(std::size_t bytes) {
+  state.bytes.rise(static_cast<std::int64_t>(bytes));
+  state.blocks.rise(1);
+  ++state.allocations;
 }
 
-EGFHOST_SEES_POISON std::size_t sizeOf(const BlockHeader* header) { return header->size; }
+// A slot of that class; null when the cage is full.
+BlockHeader* takeSlot(std::size_t sizeClass) {
+  BlockHeader* const atHand = slotAtHand(sizeClass);
+  if (atHand != nullptr) return atHand;
+  return openNewRegion() ? slotAtHand(sizeClass) : nullptr;
+}
 
-// A place with room for `room` bytes for a payload of `size`.
-void* place(std::size_t room, std::size_t size, const char* file, int line) {
-  BlockHeader* const header = takeBlock(room);
+// A place with room for `room` bytes for a payload of `size`; null when the cage is full.
+void* place(std::size_t room, std::size_t size, Site site, BlockState blockState) {
+  const bool small = isSmall(room);
+  const std::size_t sizeClass = small ? classForPayload(room) : kLargeClass;
+  BlockHeader* const header = small ? takeSlot(sizeClass) : takeLarge(room);
   if (header == nullptr) return nullptr;
-  setSite(header, size, file, line);
-  setState(header, BlockState::kLive);
+  writeHeader(header, site, size, sizeClass, blockState);
   unpoison(payloadOf(header), size);
   return payloadOf(header);
 }
 
-inline bool product(std::size_t count, std::size_t size, std::size_t& bytes) {
+bool product(std::size_t count, std::size_t size, std::size_t& bytes) {
   return !__builtin_mul_overflow(count, size, &bytes) && bytes <= kMaxPayload;
 }
 
-void* allocate(std::size_t count, std::size_t size, const char* file, int line) {
+// Allocations that are watched or large, and those for which no slot is at hand.
+[[gnu::noinline]] void* allocateWithCare(std::size_t count, std::size_t size, Site site) {
   std::size_t bytes;
-  if (!product(count, size, bytes)) [[unlikely]]
-    return refuse();
-  if (watched() && !admits(bytes, 1)) [[unlikely]]
-    return refuse();
-  void* const block = place(bytes, bytes, file, line);
-  if (block == nullptr) [[unlikely]]
-    return refuse();
-  countLive(bytes, 1);
+  if (!product(count, size, bytes)) return refuse();
+  if (watched() && !admits(bytes, 1)) return refuse();
+  void* const block = place(bytes, bytes, site, BlockState::kLive);
+  if (block == nullptr) return refuse();
+  countNew(bytes);
   return block;
 }
 
-void reportBadBlock(const void* block) {
-  ++state.counters.badFrees;
+inline void* allocate(std::size_t count, std::size_t size, Site site) {
+  std::size_t bytes;
+  const bool overflows = __builtin_mul_overflow(count, size, &bytes);
+  if (overflows || bytes >= unwatchedBelow) [[unlikely]]
+    return allocateWithCare(count, size, site);
+  const std::size_t sizeClass = classForPayload(bytes);
+  BlockHeader* const header = slotAtHand(sizeClass);
+  if (header == nullptr) [[unlikely]]
+    return allocateWithCare(count, size, site);
+  writeHeader(header, site, bytes, sizeClass, BlockState::kLive);
+  unpoison(payloadOf(header), bytes);
+  countNew(bytes);
+  return payloadOf(header);
+}
+
+[[gnu::noinline]] void reportBadBlock(const void* block) {
+  ++state.badFrees;
   // One place is enough to start from.
-  if (!kPoisoning || state.counters.badFrees > 1) return;
+  if (!kPoisoning || state.badFrees > 1) return;
   std::fprintf(stderr, "egfhost: %p is no live block\n", block);
   printCallers();
 }
 
 // Sanitizer builds hold freed blocks back for a while, so that a late use of them is found.
-void retire(BlockHeader* header, std::size_t size) {
+inline void retire(BlockHeader* header, std::size_t size) {
   if (!kPoisoning || size > kRetiredLargest) {
     returnBlock(header);
     return;
@@ -115,16 +166,16 @@ void retire(BlockHeader* header, std::size_t size) {
   if (oldest != nullptr) returnBlock(oldest);
 }
 
-void release(BlockHeader* header) {
+inline void release(BlockHeader* header) {
   const std::size_t size = sizeOf(header);
-  state.counters.liveBytes -= size;
-  --state.counters.liveBlocks;
+  state.bytes.fall(static_cast<std::int64_t>(size));
+  state.blocks.fall(1);
   poison(payloadOf(header), size);
   retire(header, size);
 }
 
 // Moves the end of what may be touched; only the part between the two ends is marked anew.
-void movePoison(void* block, std::size_t before, std::size_t after) {
+inline void movePoison(void* block, std::size_t before, std::size_t after) {
   if (!kPoisoning) return;
   const std::size_t from = std::min(before, after) & ~kPoisonGrainMask;
   char* const begin = static_cast<char*>(block) + from;
@@ -133,24 +184,31 @@ void movePoison(void* block, std::size_t before, std::size_t after) {
 }
 
 // The same place, another size.
-void* resizeInPlace(BlockHeader* header, std::size_t bytes, const char* file, int line) {
+inline void* resizeInPlace(BlockHeader* header, std::size_t bytes, Site site) {
   movePoison(payloadOf(header), sizeOf(header), bytes);
-  setSite(header, bytes, file, line);
+  writeHeader(header, site, bytes, classOf(header), stateOf(header));
   return payloadOf(header);
 }
 
 // Another place: the old contents go along, the old place is given back.
-void* resizeElsewhere(BlockHeader* header, std::size_t room, std::size_t bytes, const char* file,
-                      int line) {
-  void* block = place(room, bytes, file, line);
-  if (block == nullptr && room > bytes) block = place(bytes, bytes, file, line);
+void* resizeElsewhere(BlockHeader* header, std::size_t room, std::size_t bytes, Site site) {
+  void* block = place(room, bytes, site, stateOf(header));
+  if (block == nullptr && room > bytes) block = place(bytes, bytes, site, stateOf(header));
   if (block == nullptr) return nullptr;
   const std::size_t before = sizeOf(header);
   std::memcpy(block, payloadOf(header), std::min(before, bytes));
-  setState(headerOf(block), stateOf(header));
   poison(payloadOf(header), before);
   retire(header, before);
   return block;
+}
+
+// Beyond the room that the block has: longer in place when what follows is free, else elsewhere,
+// with slack.
+[[gnu::noinline]] void* grow(BlockHeader* header, std::size_t bytes, Site site) {
+  const std::size_t room = payloadRoom(header);
+  const std::size_t roomy = std::min(std::max(bytes, room + room / 2), kMaxPayload);
+  if (extendBlock(header, roomy)) return resizeInPlace(header, bytes, site);
+  return resizeElsewhere(header, roomy, bytes, site);
 }
 
 // A shrink moves to a smaller place when most of the old one would stay empty.
@@ -160,88 +218,103 @@ bool wastes(std::size_t room, std::size_t before, std::size_t bytes) {
   return bytes < before && room >= kSmallestWorthMoving && bytes < room / kWastedShare;
 }
 
-void* resize(BlockHeader* header, std::size_t bytes, const char* file, int line) {
-  const std::size_t before = sizeOf(header);
-  const std::size_t room = payloadRoom(header);
-  if (bytes <= room) {
-    if (wastes(room, before, bytes)) {
-      void* const moved = resizeElsewhere(header, bytes, bytes, file, line);
-      if (moved != nullptr) return moved;
-    }
-    return resizeInPlace(header, bytes, file, line);
+[[gnu::noinline]] void* shrink(BlockHeader* header, std::size_t bytes, Site site) {
+  if (wastes(payloadRoom(header), sizeOf(header), bytes)) {
+    void* const moved = resizeElsewhere(header, bytes, bytes, site);
+    if (moved != nullptr) return moved;
   }
-  const std::size_t roomy = std::min(std::max(bytes, room + room / 2), kMaxPayload);
-  if (extendBlock(header, roomy)) return resizeInPlace(header, bytes, file, line);
-  return resizeElsewhere(header, roomy, bytes, file, line);
+  return resizeInPlace(header, bytes, site);
 }
 
-void* reallocate(void* block, std::size_t count, std::size_t size, const char* file, int line) {
-  if (!isLiveBlock(block)) {
+inline void* resize(BlockHeader* header, std::size_t bytes, Site site) {
+  if (bytes < sizeOf(header)) return shrink(header, bytes, site);
+  if (bytes <= payloadRoom(header)) return resizeInPlace(header, bytes, site);
+  return grow(header, bytes, site);
+}
+
+void* reallocate(void* block, std::size_t count, std::size_t size, Site site) {
+  if (!isLiveBlock(block)) [[unlikely]] {
     reportBadBlock(block);
     return refuse();
   }
   std::size_t bytes;
-  if (!product(count, size, bytes)) return refuse();
+  if (!product(count, size, bytes)) [[unlikely]]
+    return refuse();
   BlockHeader* const header = headerOf(block);
   const std::size_t before = sizeOf(header);
-  if (watched() && !admits(bytes > before ? bytes - before : 0, 0)) return refuse();
-  void* const resized = resize(header, bytes, file, line);
-  if (resized == nullptr) return refuse();
-  countLive(bytes - before, 0);
+  if (watched() && !admits(bytes > before ? bytes - before : 0, 0)) [[unlikely]]
+    return refuse();
+  void* const resized = resize(header, bytes, site);
+  if (resized == nullptr) [[unlikely]]
+    return refuse();
+  state.bytes.rise(static_cast<std::int64_t>(bytes - before));
+  ++state.allocations;
   return resized;
 }
 
 }  // namespace
 
-MemoryCounters memoryCounters() { return state.counters; }
-
-void resetMemoryPeak() {
-  state.counters.peakBytes = state.counters.liveBytes;
-  state.counters.peakBlocks = state.counters.liveBlocks;
+void renewAllocationWatch() {
+  const bool looks = faultsArmed || state.byteBudget != 0 || state.blockBudget != 0;
+  unwatchedBelow = looks ? 0 : kSlotMax - kBlockOverhead + 1;
 }
 
-void clearBadFrees() { state.counters.badFrees = 0; }
+MemoryCounters memoryCounters() {
+  return {.liveBytes = state.bytes.live(),
+          .liveBlocks = state.blocks.live(),
+          .peakBytes = state.bytes.peak,
+          .peakBlocks = state.blocks.peak,
+          .allocations = state.allocations,
+          .refusals = state.refusals,
+          .badFrees = state.badFrees};
+}
+
+void resetMemoryPeak() {
+  state.bytes.restart();
+  state.blocks.restart();
+}
+
+void clearBadFrees() { state.badFrees = 0; }
 
 void setByteBudget(std::uint64_t bytes) {
   state.byteBudget = bytes;
-  state.budgeted = state.byteBudget != 0 || state.blockBudget != 0;
+  renewAllocationWatch();
 }
 
 void setBlockBudget(std::uint64_t blocks) {
   state.blockBudget = blocks;
-  state.budgeted = state.byteBudget != 0 || state.blockBudget != 0;
+  renewAllocationWatch();
 }
 
 }  // namespace egfhost
 
 void* RMM_AllocName(std::size_t count, std::size_t size, const char* file, int line) {
-  return egfhost::allocate(count, size, file, line);
+  return egfhost::allocate(count, size, {file, line});
 }
 
 void* RMM_CallocName(std::size_t count, std::size_t size, const char* file, int line) {
-  void* const block = egfhost::allocate(count, size, file, line);
+  void* const block = egfhost::allocate(count, size, {file, line});
   if (block != nullptr) std::memset(block, 0, count * size);
   return block;
 }
 
 void* RMM_ReAllocName(void* block, std::size_t count, std::size_t size, const char* file,
                       int line) {
-  if (block == nullptr) return egfhost::allocate(count, size, file, line);
-  return egfhost::reallocate(block, count, size, file, line);
+  if (block == nullptr) return egfhost::allocate(count, size, {file, line});
+  return egfhost::reallocate(block, count, size, {file, line});
 }
 
 void* RMM_ChownName(void* block) {
-  if (block != nullptr && egfhost::isLiveBlock(block)) {
+  if (egfhost::isLiveBlock(block)) {
     egfhost::setState(egfhost::headerOf(block), egfhost::BlockState::kChowned);
   }
   return block;
 }
 
 void RMM_Free(void* block) {
-  if (block == nullptr) return;
-  if (!egfhost::isLiveBlock(block)) [[unlikely]] {
+  if (egfhost::isLiveBlock(block)) [[likely]] {
+    egfhost::release(egfhost::headerOf(block));
+  } else if (block != nullptr) {
     egfhost::reportBadBlock(block);
-    return;
   }
-  egfhost::release(egfhost::headerOf(block));
 }

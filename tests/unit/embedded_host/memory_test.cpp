@@ -110,6 +110,34 @@ TEST_F(MemoryTest, GrowingByOneMovesSeldom) {
   RMM_Free(block);
 }
 
+// Nothing stands behind the block that was made last, so it need not move.
+TEST_F(MemoryTest, TheBlockMadeLastGrowsWhereItStands) {
+  // A size that nothing else has, so that the block is a new one.
+  auto* block = static_cast<char*>(RMM_AllocName(1, 3333, RMM_SITE));
+  auto* const other = static_cast<char*>(RMM_AllocName(1, 3333, RMM_SITE));
+  auto* const last = other > block ? other : block;
+  EXPECT_EQ(last, RMM_ReAllocName(last, 1, 3900, RMM_SITE));
+  RMM_Free(block);
+  RMM_Free(other);
+}
+
+// Blocks of many regions, freed in another order than they were made, leave nothing behind that
+// would keep the pages from a block of nearly the whole cage.
+TEST_F(MemoryTest, EmptyRegionsBecomeOneRunAgain) {
+  constexpr std::size_t kBlocks = 20000;
+  std::mt19937 random(7);
+  std::vector<void*> blocks;
+  for (std::size_t i = 0; i < kBlocks; ++i) {
+    blocks.push_back(RMM_AllocName(1, random() % 2000, RMM_SITE));
+    ASSERT_NE(nullptr, blocks.back());
+  }
+  std::shuffle(blocks.begin(), blocks.end(), random);
+  for (void* const block : blocks) RMM_Free(block);
+  void* const most = RMM_AllocName(1, 3 * kGiB, RMM_SITE);
+  EXPECT_NE(nullptr, most);
+  RMM_Free(most);
+}
+
 #ifdef EGFSVG_SANITIZED
 // In sanitizer builds what lies outside a block's size cannot be touched, whatever room it has.
 TEST_F(MemoryTest, BytesOutsideABlockArePoisoned) {

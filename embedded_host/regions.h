@@ -1,0 +1,105 @@
+// Small blocks. They are carved one after the other from regions of 64 KiB, whatever their sizes,
+// so that what is made together stands together: an object beside its points, a tree in the order
+// of its making. A freed slot waits in the list of its size class and is taken before more is
+// carved. A region whose blocks are all free goes back to the cage as a whole.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+#include "embedded_host/block_header.h"
+#include "embedded_host/cage.h"
+#include "embedded_host/size_classes.h"
+
+namespace egfhost {
+
+inline constexpr std::uint32_t kRegions = kCagePages / kRegionPages;
+
+// All that the small blocks keep.
+struct SmallBlocks {
+  std::array<HostHandle, kClasses> spares{};  // first free slot of each class, 0 for none
+  std::uint32_t open = 0;                     // the region that is being carved, 0 for none
+  HostHandle next = 0;                        // where it goes on
+  std::uint32_t room = 0;                     // bytes left from there
+  std::uint32_t carved = 0;                   // its slots so far
+  // Live blocks by region. Of the open region: those freed and taken again since it was opened, on
+  // top of a bias that keeps it from falling to 0.
+  std::array<std::uint16_t, kRegions> live{};
+};
+extern SmallBlocks smallBlocks;
+
+// Stands in the payload of a free slot. The first of a list may have any `previous`.
+struct SpareLinks {
+  HostHandle next;
+  HostHandle previous;
+};
+
+inline SpareLinks* linksAt(HostHandle slot) {
+  return reinterpret_cast<SpareLinks*>(cageStart + slot + kHeaderSize);
+}
+inline BlockHeader* headerAt(HostHandle slot) {
+  return reinterpret_cast<BlockHeader*>(cageStart + slot);
+}
+inline std::size_t regionOf(HostHandle slot) { return slot / kRegionSize; }
+
+// Opens another region; false when the cage is full.
+bool openNewRegion();
+
+// Takes a region without live blocks apart.
+[[gnu::noinline]] void releaseRegion(std::size_t region);
+
+// Puts a free slot, with its class in its header, at hand.
+EGFHOST_SEES_POISON inline void pushSpare(HostHandle slot, std::size_t sizeClass) {
+  HostHandle& first = smallBlocks.spares[sizeClass];
+  linksAt(slot)->next = first;
+  if (first != 0) linksAt(first)->previous = slot;
+  first = slot;
+}
+
+// A slot of that class; its header is the caller's to write. Null when there is none at hand and
+// the open region has no room for it.
+EGFHOST_SEES_POISON inline BlockHeader* slotAtHand(std::size_t sizeClass) {
+  const HostHandle spare = smallBlocks.spares[sizeClass];
+  if (spare != 0) {
+    smallBlocks.spares[sizeClass] = linksAt(spare)->next;
+    ++smallBlocks.live[regionOf(spare)];
+    return headerAt(spare);
+  }
+  const std::uint32_t slotSize = kSizeClasses.slotSize[sizeClass];
+  if (slotSize > smallBlocks.room) [[unlikely]]
+    return nullptr;
+  BlockHeader* const carved = headerAt(smallBlocks.next);
+  smallBlocks.next += slotSize;
+  smallBlocks.room -= slotSize;
+  ++smallBlocks.carved;
+  return carved;
+}
+
+// Gives a slot back whose header says that it is free.
+EGFHOST_SEES_POISON inline void giveSmall(BlockHeader* header, std::size_t sizeClass) {
+  const auto slot = static_cast<HostHandle>(reinterpret_cast<char*>(header) - cageStart);
+  pushSpare(slot, sizeClass);
+  if (--smallBlocks.live[regionOf(slot)] == 0) [[unlikely]]
+    releaseRegion(regionOf(slot));
+}
+
+// Changes the class of the block that was carved last, in place. False when it is another one, or
+// the open region has no room for it.
+bool resizeLastCarved(BlockHeader* header, std::size_t sizeClass);
+
+// Where the carved slots of a region end.
+std::size_t carvedEnd(std::size_t region);
+
+// Calls visit(header) for each slot of a region, in the order of their addresses.
+template <class Visit>
+EGFHOST_SEES_POISON void forEachSlot(std::size_t region, Visit visit) {
+  const std::size_t end = carvedEnd(region);
+  for (std::size_t at = region * kRegionSize; at + kSlotMin <= end;) {
+    BlockHeader* const header = headerAt(static_cast<HostHandle>(at));
+    at += kSizeClasses.slotSize[header->sizeClass];
+    visit(header);
+  }
+}
+
+}  // namespace egfhost
