@@ -14,9 +14,12 @@ struct GroupStackNode;  // group_stack.h
 
 namespace egfsvg {
 
-/// The map that `_findMapMatrix` hands out when no other one is out. It takes no memory of its own.
+/// The map that `_findMapMatrix` hands out when no other one is out. It takes no memory of its own,
+/// and its matrices serve as long as elements have the same transform list.
 struct MapBlock {
   bool inUse = false;
+  ListStamp matricesOf = ListStamp::kNone;
+  _transformMatrix onPage;  // the product, as it was before anyone multiplied into the map's
   _viewPortMap map;
   _userSpace userSpace;
   _viewBox viewBox;

@@ -17,8 +17,7 @@ struct MapRelease {
   }
 };
 
-/// A map with its parts, whose matrices are not set: the adapter's own block, or a new one while
-/// that is out.
+/// The adapter's own block, or a new map with its parts while that is out. Matrices are not set.
 _viewPortMap* takeMap(MapBlock& block) {
   if (!block.inUse) {
     block.inUse = true;
@@ -31,6 +30,43 @@ _viewPortMap* takeMap(MapBlock& block) {
   map->userSpace = allocateZeroed<_userSpace>(RMM_SITE);
   map->viewBox = allocateZeroed<_viewBox>(RMM_SITE);
   return map->userSpace != nullptr && map->viewBox != nullptr ? map.release() : nullptr;
+}
+
+TransformScene sceneOf(const CAdapterReader& adapter, const PixelScale& scale) {
+  return {scale.resolution(), adapter.viewportWidth, adapter.viewportHeight};
+}
+
+/// Whether the own block's matrices are those of the element's list.
+bool keepsMatricesOf(CAdapterReader& adapter, const _svg_common& element) {
+  const ListStamp kept = adapter.state.mapBlock.matricesOf;
+  return kept != ListStamp::kNone &&
+         kept == adapter.state.transforms.stampOf(sceneOf(adapter, PixelScale(adapter)),
+                                                  element.transforms, element.transformCount);
+}
+
+/// Kept: a viewport that is named leaves the matrix zero, so there is nothing to keep.
+void keepMatrices(CAdapterReader& adapter) {
+  MapBlock& block = adapter.state.mapBlock;
+  const _userSpace& space = block.userSpace;
+  block.onPage = block.map.matrix;
+  block.matricesOf = block.map.viewport != nullptr ? ListStamp::kNone
+                     : space.transformCount <= 0   ? ListStamp::kEmpty
+                     : space.transforms == nullptr
+                         ? ListStamp::kNone
+                         : adapter.state.transforms.stampOfLast(space.transformCount);
+}
+
+/// The product of viewport, view box and user space.
+void multiplyParts(CAdapterReader& adapter, _viewPortMap& map) {
+  const bool hasList = map.userSpace->transformCount > 0;
+  if (map.viewport == nullptr && hasList) {  // both matrices before the list's are the identity
+    multiplyIdentity(map.userSpace->matrix.m, map.matrix.m);
+    return;
+  }
+  adapter._svgViewPortMatrix(&map);
+  if (!hasList) return;
+  adapter.MultMatrix(&map.matrix, &map.viewBox->matrix);
+  adapter.MultMatrix(&map.matrix, &map.userSpace->matrix);
 }
 
 /// The product of a whole list whose numbers are not all finite.
@@ -46,6 +82,7 @@ void multiplyList(const PixelScale& scale, const _userSpace& space, MatrixRows& 
 
 using namespace egfsvg;
 
+/// The own block keeps its matrices for the next element, which mostly has the same transform list.
 _viewPortMap* CAdapterReader::_findMapMatrix(_svg_common* element, _svg_viewbox* box,
                                              _svg_pa_viewports* ports) {
   _viewPortMap* found = takeMap(state.mapBlock);
@@ -54,16 +91,15 @@ _viewPortMap* CAdapterReader::_findMapMatrix(_svg_common* element, _svg_viewbox*
   found->viewBox->box = box;
   found->userSpace->transforms = element->transforms;
   found->userSpace->transformCount = element->transformCount;
-  _svgViewPortMatrix(found);
-  _svgViewBoxMatrix(found->viewBox);
-  _svgUserSpaceMatrix(found->userSpace);
-  if (element->transformCount <= 0) return found;  // a product with the identity changes nothing
-  if (ports == nullptr) {  // so the viewport's matrix is the identity, as that of the view box is
-    multiplyIdentity(found->userSpace->matrix.m, found->matrix.m);
+  const bool isOwn = found == &state.mapBlock.map;
+  if (isOwn && ports == nullptr && keepsMatricesOf(*this, *element)) {
+    found->matrix = state.mapBlock.onPage;
     return found;
   }
-  MultMatrix(&found->matrix, &found->viewBox->matrix);
-  MultMatrix(&found->matrix, &found->userSpace->matrix);
+  _svgViewBoxMatrix(found->viewBox);
+  _svgUserSpaceMatrix(found->userSpace);
+  multiplyParts(*this, *found);
+  if (isOwn) keepMatrices(*this);
   return found;
 }
 
@@ -92,8 +128,11 @@ void CAdapterReader::MultMatrix(_transformMatrix* a, _transformMatrix* b) {
 
 /// Kept: a viewport that is named leaves the matrix zero; no caller names one.
 void CAdapterReader::_svgViewPortMatrix(_viewPortMap* target) {
-  InitMatrix(target->matrix);
-  if (target->viewport == nullptr) copyMatrix(kIdentityRows, target->matrix.m);
+  if (target->viewport == nullptr) {
+    copyMatrix(kIdentityRows, target->matrix.m);
+  } else {
+    InitMatrix(target->matrix);
+  }
 }
 
 /// Kept: a view box is not fitted to its viewport.
@@ -106,9 +145,8 @@ void CAdapterReader::_svgUserSpaceMatrix(_userSpace* space) {
   }
   const PixelScale scale(*this);
   PlaneRows running;
-  const std::int32_t known =
-      state.transforms.match({scale.resolution(), viewportWidth, viewportHeight}, space->transforms,
-                             space->transformCount, running);
+  const std::int32_t known = state.transforms.match(sceneOf(*this, scale), space->transforms,
+                                                    space->transformCount, running);
   for (std::int32_t i = known; i < space->transformCount; ++i) {
     multiplyEntry(scale, space->transforms[i], running);
     state.transforms.keep(space->transforms[i], i, running);

@@ -12,7 +12,7 @@ constexpr double kFullAlpha = 255.0;
 
 _sel_RGB_type paletteColour(CAdapterReader& adapter, const _svg_color& colour) {
   const _sel_RGB_type cast = adapter.castColor(colour);
-  adapter.UpdatePalette(cast);
+  if (!adapter.state.colours.has(colourWord(cast))) adapter.UpdatePalette(cast);
   return cast;
 }
 

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "adapter_reader/owners.h"
+#include "adapter_reader/pixel_scale.h"
 #include "adapter_reader/point_arrays.h"
 #include "adapter_reader/shape_paint.h"
 #include "adapter_reader/shapes.h"
@@ -47,9 +48,8 @@ void placeEllipse(CAdapterReader& adapter, const RoundShape& shape, EgfEllipse* 
   ellipse->pen.scaleFactor = 1.0;
   ellipse->startAngle = 0;
   ellipse->endAngle = kFullTurn;
-  _mpl_spacept_tag center;
   _mpl_spacept_tag edge;
-  adapter.SVGPointToPts(shape.center, &center);
+  const _mpl_spacept_tag center = PixelScale(adapter).point(shape.center.x, shape.center.y);
   adapter.SVGPointToPts(shape.center, shape.rx, shape.ry, &edge);
   ellipse->center = center;
   ellipse->radiusPt = edge;

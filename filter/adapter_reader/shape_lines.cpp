@@ -1,6 +1,7 @@
 // Lines, polylines and polygons.
 
 #include "adapter_reader/owners.h"
+#include "adapter_reader/pixel_scale.h"
 #include "adapter_reader/point_arrays.h"
 #include "adapter_reader/shape_paint.h"
 #include "adapter_reader/shapes.h"
@@ -11,9 +12,11 @@
 namespace egfsvg {
 namespace {
 
-/// Lines and their kin add half the pen to their bounds.
+/// Lines and their kin add half the pen to their bounds. Empty when no gradient needs them.
 _mpl_spacerect_tag strokedBounds(CAdapterReader& adapter, _mpl_spacept_tag* points,
-                                 std::int32_t count, const _svg_pa_stroke& stroke) {
+                                 std::int32_t count, const _svg_pa_fill* fill,
+                                 const _svg_pa_stroke& stroke) {
+  if (fill == nullptr ? !needsBounds(stroke) : !needsBounds(*fill, stroke)) return {};
   return pixelBounds(adapter, points, count, penWidth(adapter, stroke.strokeWidth) / 2.0);
 }
 
@@ -29,7 +32,8 @@ PlacedPoints placePoints(CAdapterReader& adapter, const PointShape& shape, _view
   if (shape.points == nullptr || shape.count <= 0) return placed;
   placed.points.reset(convertedPoints(adapter, shape.points, shape.count));
   if (!placed.points) return placed;
-  placed.bounds = strokedBounds(adapter, placed.points.get(), shape.count, shape.stroke);
+  placed.bounds =
+      strokedBounds(adapter, placed.points.get(), shape.count, &shape.fill, shape.stroke);
   mapPoints(adapter, placed.points.get(), shape.count, map);
   return placed;
 }
@@ -62,9 +66,10 @@ _egf_obj* CAdapterReader::SVG_formatEGFLine(_svg_line* element) {
   if (!object) return nullptr;
   const MapOwner by(*this, _findMapMatrix(&element->head, nullptr, nullptr));
   _mpl_spacept_tag ends[2];
-  SVGPointToPts({element->x1, element->y1}, &ends[0]);
-  SVGPointToPts({element->x2, element->y2}, &ends[1]);
-  const _mpl_spacerect_tag bounds = strokedBounds(*this, ends, 2, element->stroke);
+  const PixelScale scale(*this);
+  ends[0] = scale.point(element->x1, element->y1);
+  ends[1] = scale.point(element->x2, element->y2);
+  const _mpl_spacerect_tag bounds = strokedBounds(*this, ends, 2, nullptr, element->stroke);
   mapPoints(*this, ends, 2, by.get());
   auto* line = as<EgfLine>(object.get());
   line->pen = kLinePen;

@@ -1,5 +1,6 @@
 #include "adapter_reader/shape_paint.h"
 
+#include "adapter_reader/paint_codes.h"
 #include "adapter_reader/point_arrays.h"
 #include "adapter_reader/svg_adapterreader.h"
 
@@ -40,18 +41,23 @@ bool runSetter(CAdapterReader& adapter, GradientSetter<Parms> setter, _viewPortM
   return (adapter.*setter)(map, bounds, object, parms.address(), ramp.address(), gradient) == 0;
 }
 
+std::uint32_t lineStyle(CAdapterReader& adapter, const _svg_pa_stroke& stroke) {
+  if (stroke.strokeDashCount <= 0 || stroke.strokeDashArray == nullptr) return kLineSolid;
+  return adapter.castLineStyle(stroke.strokeDashOffset, stroke.strokeDashArray,
+                               stroke.strokeDashCount);
+}
+
 }  // namespace
 
 void FilledPaint::setPen(FilledPen& pen, bool (*needsRecord)(const Alphas&)) {
   pen.lineWidth = {kMeasureDevice, penWidth(adapter_, stroke_.strokeWidth)};
-  pen.lineStyle = adapter_.castLineStyle(stroke_.strokeDashOffset, stroke_.strokeDashArray,
-                                         stroke_.strokeDashCount);
-  strokeCode_ = adapter_.castFillStyle(stroke_, graphics_);
-  fillCode_ = adapter_.castFillStyle(fill_, graphics_);
+  pen.lineStyle = lineStyle(adapter_, stroke_);
+  strokeCode_ = fillCode(stroke_, graphics_.opacity);
+  fillCode_ = fillCode(fill_, graphics_.opacity);
   paintFilled(adapter_, pen, needsRecord, parms_, fill_, stroke_, graphics_);
 }
 
-bool FilledPaint::setGradient(const FilledForm& form, _viewPortMap* map,
+bool FilledPaint::runGradient(const FilledForm& form, _viewPortMap* map,
                               const _mpl_spacerect_tag& bounds, _egf_obj* object) {
   if (isGradientCode(fillCode_)) {
     return runSetter(adapter_, form.setGradient, map, bounds, object, parms_, fillRamp_,
@@ -81,10 +87,9 @@ void FilledPaint::storeStyles(const FilledForm& form, _egf_obj* object) {
 
 void StrokedPaint::setPen(StrokedPen& pen) {
   pen.lineWidth = {kMeasureDevice, penWidth(adapter_, stroke_.strokeWidth)};
-  pen.lineStyle = adapter_.castLineStyle(stroke_.strokeDashOffset, stroke_.strokeDashArray,
-                                         stroke_.strokeDashCount);
-  pen.rasterOp = static_cast<std::uint8_t>(adapter_.castRasterOperat(stroke_, graphics_));
-  strokeCode_ = adapter_.castFillStyle(stroke_, graphics_);
+  pen.lineStyle = lineStyle(adapter_, stroke_);
+  pen.rasterOp = static_cast<std::uint8_t>(rasterCode(stroke_, graphics_.opacity));
+  strokeCode_ = fillCode(stroke_, graphics_.opacity);
   pen.capStyle = static_cast<std::uint8_t>(adapter_.castLineCap(stroke_.strokeLinecap));
 }
 

@@ -9,6 +9,12 @@
 
 namespace egfsvg {
 
+/// Whether a shape's bounds count: they place gradients and nothing else.
+inline bool needsBounds(const _svg_pa_stroke& stroke) { return stroke.strokeGradient != nullptr; }
+inline bool needsBounds(const _svg_pa_fill& fill, const _svg_pa_stroke& stroke) {
+  return fill.fillGradient != nullptr || needsBounds(stroke);
+}
+
 /// Field offset of a style number that the class does not keep.
 inline constexpr std::size_t kNotKept = 0;
 
@@ -35,7 +41,10 @@ class FilledPaint {
   void setPen(FilledPen& pen, bool (*needsRecord)(const Alphas&));
   /// The fill's gradient, else the stroke's. False when it failed.
   bool setGradient(const FilledForm& form, _viewPortMap* map, const _mpl_spacerect_tag& bounds,
-                   _egf_obj* object);
+                   _egf_obj* object) {
+    const bool needed = isGradientCode(fillCode_) || isGradientCode(strokeCode_);
+    return !needed || runGradient(form, map, bounds, object);
+  }
   /// The fill's code, and the stroke's in the extended record, if there is one.
   void setFillStyle(FilledPen& pen);
   /// The join, and in the extended record its limit.
@@ -47,6 +56,9 @@ class FilledPaint {
   FillSlot& parms() { return parms_; }
 
  private:
+  bool runGradient(const FilledForm& form, _viewPortMap* map, const _mpl_spacerect_tag& bounds,
+                   _egf_obj* object);
+
   CAdapterReader& adapter_;
   _svg_pa_fill& fill_;
   _svg_pa_stroke& stroke_;

@@ -3,6 +3,7 @@
 #include "adapter_reader/owners.h"
 #include "adapter_reader/pixel_scale.h"
 #include "adapter_reader/point_arrays.h"
+#include "adapter_reader/shape_paint.h"
 #include "adapter_reader/shapes.h"
 #include "adapter_reader/svg_adapterreader.h"
 #include "geometry/arcs.h"
@@ -140,10 +141,12 @@ _egf_obj* CAdapterReader::SVG_formatEGFRect(_svg_rect* element) {
   const MapOwner by(*this, _findMapMatrix(&element->head, nullptr, nullptr));
   _mpl_spacept_tag corners[kRectCorners];
   rectCorners(*this, {element->x, element->y}, element->width, element->height, corners);
-  // Kept: the whole pen width is added where lines add half of it.
-  const double margin = penWidth(*this, element->stroke.strokeWidth);
-  _mpl_spacerect_tag bounds = cornerBounds(corners[0], corners[2], margin);
   const PixelScale scale(*this);
+  // Kept: the whole pen width is added where lines add half of it.
+  _mpl_spacerect_tag bounds{};
+  if (needsBounds(element->fill, element->stroke)) {
+    bounds = cornerBounds(corners[0], corners[2], scale.pixels(element->stroke.strokeWidth));
+  }
   const float rx = cornerRadius(scale, element->rx, element->width);
   const float ry = cornerRadius(scale, element->ry, element->height);
   const bool round = rx != 0.0F || ry != 0.0F;

@@ -24,8 +24,23 @@ bool TransformCache::same(const Step& step, const transformEntry& entry) {
   return true;
 }
 
+/// Most lists of equal length differ in their last entry, so the comparison begins there.
+bool TransformCache::isKept(const transformEntry* entries, std::int32_t count) const {
+  if (entries == nullptr || count != steps_.count()) return false;
+  std::int32_t left = count;
+  while (left > 0 && same(steps_[left - 1], entries[left - 1])) --left;
+  return left == 0;
+}
+
+ListStamp TransformCache::stampOf(const TransformScene& scene, const transformEntry* entries,
+                                  std::int32_t count) const {
+  if (count <= 0) return ListStamp::kEmpty;
+  return scene == scene_ && isKept(entries, count) ? stamp_ : ListStamp::kNone;
+}
+
 std::int32_t TransformCache::match(const TransformScene& scene, const transformEntry* entries,
                                    std::int32_t count, PlaneRows& product) {
+  changeStamp();
   if (!(scene == scene_)) steps_.clear();
   scene_ = scene;
   const std::int32_t most = std::min(count, steps_.count());
@@ -41,6 +56,7 @@ void TransformCache::keep(const transformEntry& entry, std::int32_t position,
   if (position != steps_.count() || entry.argCount > kMostArgs) return;
   Step* step = steps_.append();
   if (step == nullptr) return;
+  changeStamp();
   step->kind = entry.kind;
   step->argCount = entry.argCount;
   for (std::int32_t i = 0; i < entry.argCount; ++i) step->args[i] = entry.args[i];

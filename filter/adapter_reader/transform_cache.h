@@ -19,8 +19,23 @@ struct TransformScene {
   bool operator==(const TransformScene&) const = default;
 };
 
+/// Which list something was computed from.
+enum class ListStamp : std::uint64_t {
+  kNone = 0,   // no list that is kept
+  kEmpty = 1,  // the list without entries
+  kFirst = 2,  // and so on, another one for each kept list
+};
+
 class TransformCache {
  public:
+  /// Of any list: that of the kept list when it is the same, else kNone.
+  ListStamp stampOf(const TransformScene& scene, const transformEntry* entries,
+                    std::int32_t count) const;
+  /// Of the list that was just gone through, which is kept unless something hindered.
+  ListStamp stampOfLast(std::int32_t count) const {
+    return steps_.count() == count ? stamp_ : ListStamp::kNone;
+  }
+
   /// How many entries at the head of the list are those of the kept list; their product is stored.
   /// The kept list is cut to that head.
   std::int32_t match(const TransformScene& scene, const transformEntry* entries, std::int32_t count,
@@ -42,6 +57,10 @@ class TransformCache {
 
   static bool same(const Step& step, const transformEntry& entry);
 
+  bool isKept(const transformEntry* entries, std::int32_t count) const;
+  void changeStamp() { stamp_ = static_cast<ListStamp>(static_cast<std::uint64_t>(stamp_) + 1); }
+
+  ListStamp stamp_ = ListStamp::kFirst;
   TransformScene scene_;
   GrowingArray<Step> steps_{RMM_SITE};
 };

@@ -128,6 +128,50 @@ TEST(Mapping, TheProductDoesNotDependOnTheListBefore) {
   }
 }
 
+// An element's paint may multiply into its map, or go through a list of its own; the next element
+// finds its matrices all the same.
+TEST(Mapping, TheNextElementFindsItsOwnMatrices) {
+  Transforms lists[] = {Transforms(), Transforms().translate(1, 2).rotate(30),
+                        Transforms().translate(1, 3).rotate(30), Transforms().translate(0, 0),
+                        Transforms().translate(-0.0, 0).scale(-1, 1)};
+  for (Transforms& list : lists) {
+    for (Transforms& between : lists) {
+      AdapterPage page;
+      const Rows expected = mapOf(page, list);
+      _svg_common head;
+      initSVGCommon(&head);
+      list.put(head);
+      {
+        const MapOwner map(page.adapter(), page->_findMapMatrix(&head, nullptr, nullptr));
+        _transformMatrix box{{{7, 0, 1}, {0, 9, 2}, {0, 0, 1}}};
+        page->MultMatrix(&map.get()->matrix, &box);
+      }
+      EXPECT_EQ(mapOf(page, list), expected);
+      _svg_common other;
+      initSVGCommon(&other);
+      between.put(other);
+      _userSpace space{};
+      space.transforms = other.transforms;
+      space.transformCount = other.transformCount;
+      page->_svgUserSpaceMatrix(&space);
+      EXPECT_EQ(mapOf(page, list), expected);
+      AdapterPage fresh;
+      EXPECT_EQ(mapOf(page, between), mapOf(fresh, between));
+    }
+  }
+}
+
+TEST(Mapping, ListsOfInfiniteNumbersSpoilTheWholeMatrix) {
+  AdapterPage page;
+  Transforms list;
+  list.translate(std::numeric_limits<double>::infinity(), 0).scale(2, 3);
+  for (int round = 0; round < 2; ++round) {
+    for (const auto& row : mapOf(page, list)) {
+      for (const double number : row) EXPECT_TRUE(std::isnan(number));
+    }
+  }
+}
+
 TEST(Mapping, PointsAreMappedInSpaceUnits) {
   struct Row {
     Transforms transforms;
