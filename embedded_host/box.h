@@ -1,49 +1,65 @@
 // A rectangle that grows by points. Values that are not finite spoil it for good.
 #pragma once
 
-#include <algorithm>
-#include <cmath>
+#include <cstdint>
+#include <cstring>
 #include <limits>
 
+#include "embedded_host/float_pair.h"
 #include "host/egf_small.h"
 
 namespace egfhost {
 
 class Box {
  public:
-  void include(double x, double y) {
-    const auto px = static_cast<float>(x);
-    const auto py = static_cast<float>(y);
-    finite_ = finite_ && std::isfinite(px) && std::isfinite(py);
-    left_ = std::min(left_, px);
-    right_ = std::max(right_, px);
-    top_ = std::min(top_, py);
-    bottom_ = std::max(bottom_, py);
-  }
-  void include(_mpl_spacept_tag point) { include(point.x, point.y); }
   void include(const _mpl_spacept_tag* points, std::size_t count) {
-    for (std::size_t i = 0; i < count; ++i) include(points[i]);
+    Box grown = *this;  // in registers
+    for (std::size_t i = 0; i < count; ++i) grown.include(FloatPair::at(points + i));
+    *this = grown;
+  }
+  void include(_mpl_spacept_tag point) { include(FloatPair::at(&point)); }
+  void include(double x, double y) {
+    include(FloatPair::of(static_cast<float>(x), static_cast<float>(y)));
   }
   void include(_mpl_spacerect_tag rect) {
-    include(rect.left, rect.top);
-    include(rect.right, rect.bottom);
+    include(FloatPair::of(rect.left, rect.top));
+    include(FloatPair::of(rect.right, rect.bottom));
+  }
+
+  // True for a point that would not make the box larger, were it included.
+  bool holds(const _mpl_spacept_tag* point) const {
+    return isBetween(low_, FloatPair::at(point), high_);
   }
 
   // True when at least one point is in and all were finite.
-  bool isUsable() const { return finite_ && left_ <= right_; }
-  _mpl_spacerect_tag rect() const { return {left_, right_, top_, bottom_}; }
+  bool isUsable() const {
+    if (!finite_.allFinite()) return false;
+    const _mpl_spacerect_tag all = rect();
+    return all.left <= all.right;
+  }
+  _mpl_spacerect_tag rect() const { return rectBetween(low_, high_); }
 
  private:
-  float left_ = std::numeric_limits<float>::infinity();
-  float right_ = -std::numeric_limits<float>::infinity();
-  float top_ = std::numeric_limits<float>::infinity();
-  float bottom_ = -std::numeric_limits<float>::infinity();
-  bool finite_ = true;
+  // Of equal values the first one stays.
+  void include(FloatPair point) {
+    low_ = lesser(point, low_);
+    high_ = greater(point, high_);
+    finite_.add(point);
+  }
+
+  static constexpr float kInfinity = std::numeric_limits<float>::infinity();
+  FloatPair low_ = FloatPair::of(kInfinity, kInfinity);
+  FloatPair high_ = FloatPair::of(-kInfinity, -kInfinity);
+  FiniteCheck finite_;
 };
 
-// True for the rectangle that stands for none.
-inline bool isEmpty(_mpl_spacerect_tag rect) {
-  return rect.left == 0.0F && rect.right == 0.0F && rect.top == 0.0F && rect.bottom == 0.0F;
+// True for the rectangle that stands for none: zeros of either sign.
+inline bool isEmpty(const _mpl_spacerect_tag& rect) {
+  constexpr std::uint64_t kAllButSigns = 0x7fffffff7fffffff;
+  std::uint64_t words[2];
+  static_assert(sizeof words == sizeof rect);
+  std::memcpy(words, &rect, sizeof words);
+  return ((words[0] | words[1]) & kAllButSigns) == 0;
 }
 
 }  // namespace egfhost

@@ -133,23 +133,26 @@ _egf_obj* copyObject(const _egf_obj* object) {
   }
 }
 
+// Goes down to the first leaf, along its siblings, then up: a container's first child is forgotten
+// when its last one is gone, so that it is a leaf itself.
 void freeObject(_egf_obj* object) noexcept {
   _egf_obj* at = object;
   for (;;) {
-    if (_egf_obj* child = firstChildOf(at)) {
+    if (_egf_obj* const child = firstChildOf(at)) {
       at = child;
       continue;
     }
-    _egf_obj* parent = at == object ? nullptr : at->parent.get();
-    if (parent != nullptr) {
-      _egf_obj* const next = at->next.get();
-      __builtin_prefetch(next);  // the tree is larger than the caches
-      setChildren(parent, next, nullptr);
-    }
+    const bool isRoot = at == object;
+    _egf_obj* const next = at->next.get();
+    _egf_obj* const parent = at->parent.get();
     freeOwned(at);
     RMM_Free(at);
-    if (parent == nullptr) return;
-    at = parent;
+    if (isRoot) return;
+    at = next;
+    if (next == nullptr) {
+      setChildren(parent, nullptr, nullptr);
+      at = parent;
+    }
   }
 }
 

@@ -1,6 +1,7 @@
 // Exact boxes of ellipses and curves.
 
 #include <cmath>
+#include <initializer_list>
 
 #include "embedded_host/angles.h"
 #include "embedded_host/bounds.h"
@@ -33,37 +34,49 @@ bool isOnRun(double radians, std::int64_t start, std::int64_t sweep) {
   return ahead <= static_cast<double>(sweep);
 }
 
-double curveAt(double p0, double p1, double p2, double p3, double t) {
-  const double u = 1.0 - t;
-  return u * u * u * p0 + 3.0 * u * u * t * p1 + 3.0 * u * t * t * p2 + t * t * t * p3;
+// Both coordinates of a point, calculated with side by side.
+using Pair [[gnu::vector_size(2 * sizeof(double))]] = double;
+
+Pair pairOf(_mpl_spacept_tag point) { return Pair{point.x, point.y}; }
+
+// A cubic curve by its control points.
+struct Cubic {
+  Pair p0, p1, p2, p3;
+
+  Pair at(double t) const {
+    const double u = 1.0 - t;
+    return u * u * u * p0 + 3.0 * u * u * t * p1 + 3.0 * u * t * t * p2 + t * t * t * p3;
+  }
+};
+
+void includeTurningPoint(Box& box, const Cubic& curve, double t) {
+  if (!(t > 0.0 && t < 1.0)) return;
+  const Pair point = curve.at(t);
+  box.include(point[0], point[1]);
 }
 
-// Parameters inside (0, 1) at which one coordinate of a cubic turns; returns how many.
-int turningPoints(double p0, double p1, double p2, double p3, double (&roots)[2]) {
-  const double a = p3 - 3.0 * p2 + 3.0 * p1 - p0;
-  const double b = 2.0 * (p2 - 2.0 * p1 + p0);
-  const double c = p1 - p0;
-  const double discriminant = b * b - 4.0 * a * c;
-  if (!(discriminant >= 0.0)) return 0;
-  // The form that divides by the sum keeps its digits when a is small.
-  const double q = -0.5 * (b + std::copysign(std::sqrt(discriminant), b));
-  int found = 0;
-  for (const double root : {q / a, c / q}) {
-    if (root > 0.0 && root < 1.0) roots[found++] = root;
+// The points at which a coordinate turns: where its derivative, a quadratic, is 0.
+void includeTurningPoints(Box& box, const Cubic& curve) {
+  const Pair a = curve.p3 - 3.0 * curve.p2 + 3.0 * curve.p1 - curve.p0;
+  const Pair b = 2.0 * (curve.p2 - 2.0 * curve.p1 + curve.p0);
+  const Pair c = curve.p1 - curve.p0;
+  const Pair discriminant = b * b - 4.0 * a * c;
+  for (int i = 0; i < 2; ++i) {
+    if (!(discriminant[i] >= 0.0)) continue;
+    // The form that divides by the sum keeps its digits when a is small.
+    const double q = -0.5 * (b[i] + std::copysign(std::sqrt(discriminant[i]), b[i]));
+    includeTurningPoint(box, curve, c[i] / q);
+    includeTurningPoint(box, curve, q / a[i]);
   }
-  return found;
 }
 
 void includeCurve(Box& box, const _mpl_spacept_tag* p) {
   box.include(p[0]);
   box.include(p[3]);
-  double roots[2];
-  const auto at = [&](double t) {
-    box.include(curveAt(p[0].x, p[1].x, p[2].x, p[3].x, t),
-                curveAt(p[0].y, p[1].y, p[2].y, p[3].y, t));
-  };
-  for (int i = turningPoints(p[0].x, p[1].x, p[2].x, p[3].x, roots); i > 0; --i) at(roots[i - 1]);
-  for (int i = turningPoints(p[0].y, p[1].y, p[2].y, p[3].y, roots); i > 0; --i) at(roots[i - 1]);
+  // A curve stays among its control points: when none of them stands outside, its points don't
+  // either. Rounding changes nothing there: the largest and the smallest values are floats.
+  if (box.holds(p + 1) && box.holds(p + 2)) return;
+  includeTurningPoints(box, {pairOf(p[0]), pairOf(p[1]), pairOf(p[2]), pairOf(p[3])});
 }
 
 }  // namespace

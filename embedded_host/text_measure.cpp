@@ -1,6 +1,7 @@
 #include "embedded_host/text_measure.h"
 
 #include <cstring>
+#include <initializer_list>
 
 #include "embedded_host/angles.h"
 #include "embedded_host/measures.h"

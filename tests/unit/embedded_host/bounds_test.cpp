@@ -1,9 +1,13 @@
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <cmath>
 #include <limits>
+#include <random>
 #include <string>
+#include <vector>
 
+#include "embedded_host/box.h"
 #include "embedded_host/host_faults.h"
 #include "embedded_host/host_trees.h"
 #include "tests/support/egf_builder.h"
@@ -113,6 +117,112 @@ TEST(ObjectMer, OfACurveHoldsEveryPointAndNoMore) {
     _mpl_spacerect_tag mer;
     ASSERT_EQ(EEL_GetObjectMer(object.get(), &mer, 0), 0);
     expectRect(mer, {"curve", nullptr, left, top, right, bottom, 1e-4});
+  }
+}
+
+// The same box, one coordinate at a time.
+struct PlainBox {
+  float left = std::numeric_limits<float>::infinity();
+  float right = -std::numeric_limits<float>::infinity();
+  float top = left;
+  float bottom = right;
+  bool finite = true;
+
+  void include(double x, double y) {
+    const auto px = static_cast<float>(x);
+    const auto py = static_cast<float>(y);
+    finite = finite && std::isfinite(px) && std::isfinite(py);
+    left = std::min(left, px);
+    right = std::max(right, px);
+    top = std::min(top, py);
+    bottom = std::max(bottom, py);
+  }
+  bool isUsable() const { return finite && left <= right; }
+};
+
+// To the bit, so that the sign of a zero counts.
+void expectSameBox(const PlainBox& plain, _mpl_spacerect_tag rect) {
+  const float sides[] = {rect.left, rect.right, rect.top, rect.bottom};
+  const float expected[] = {plain.left, plain.right, plain.top, plain.bottom};
+  for (int i = 0; i < 4; ++i) {
+    EXPECT_EQ(std::bit_cast<std::uint32_t>(expected[i]), std::bit_cast<std::uint32_t>(sides[i]));
+  }
+}
+
+TEST(PointBox, IsThatOfEachCoordinateAlone) {
+  constexpr float kSpecial[] = {0.0F, -0.0F, 1e30F, -1e30F, 1e-40F, 7.0F};
+  constexpr auto kNever = std::numeric_limits<float>::quiet_NaN();
+  constexpr auto kEndless = std::numeric_limits<float>::infinity();
+  std::mt19937 random(99);
+  const auto number = [&](bool spoilt) {
+    if (spoilt && random() % 16 == 0) return random() % 2 == 0 ? kNever : -kEndless;
+    if (random() % 2 == 0) return kSpecial[random() % std::size(kSpecial)];
+    return static_cast<float>(static_cast<int>(random() % 2001) - 1000) / 8;
+  };
+  for (int round = 0; round < 3000; ++round) {
+    const bool spoilt = round % 4 == 0;
+    std::vector<_mpl_spacept_tag> points(random() % 6);
+    PlainBox plain;
+    for (_mpl_spacept_tag& point : points) {
+      point = {number(spoilt), number(spoilt)};
+      plain.include(point.x, point.y);
+    }
+    egfhost::Box tested;
+    tested.include(points.data(), points.size());
+    ASSERT_EQ(plain.isUsable(), tested.isUsable()) << round;
+    if (plain.isUsable()) expectSameBox(plain, tested.rect());
+  }
+}
+
+double cubicAt(const double (&p)[4], double t) {
+  const double u = 1.0 - t;
+  return u * u * u * p[0] + 3.0 * u * u * t * p[1] + 3.0 * u * t * t * p[2] + t * t * t * p[3];
+}
+
+// Where a coordinate's derivative is 0.
+std::vector<double> turnsOf(const double (&p)[4]) {
+  const double a = p[3] - 3.0 * p[2] + 3.0 * p[1] - p[0];
+  const double b = 2.0 * (p[2] - 2.0 * p[1] + p[0]);
+  const double c = p[1] - p[0];
+  const double discriminant = b * b - 4.0 * a * c;
+  if (!(discriminant >= 0.0)) return {};
+  const double q = -0.5 * (b + std::copysign(std::sqrt(discriminant), b));
+  std::vector<double> turns;
+  for (const double root : {c / q, q / a}) {
+    if (root > 0.0 && root < 1.0) turns.push_back(root);
+  }
+  return turns;
+}
+
+TEST(ObjectMer, OfACurveIsThatOfEachCoordinateAlone) {
+  std::mt19937 random(4711);
+  std::uniform_real_distribution<double> anywhere(-100.0, 100.0);
+  for (int round = 0; round < 5000; ++round) {
+    // Some points coincide, some curves stay between their ends.
+    const double spread = round % 3 == 0 ? 0.01 : 1.0;
+    Points p;
+    for (int i = 0; i < 4; ++i) {
+      const bool again = i > 0 && random() % 4 == 0;
+      p.push_back(again ? p.back() : Px{anywhere(random) * spread, anywhere(random) * spread});
+    }
+    if (round % 5 == 0) p[3] = {200, 300};
+    if (round % 10 == 0) p[0] = {-200, -300};
+    const OwnedObject object(curve(p));
+    const _mpl_spacept_tag* const stored = as<EgfPolygon>(object.get())->points.get();
+    double x[4];
+    double y[4];
+    for (int i = 0; i < 4; ++i) {
+      x[i] = stored[i].x;
+      y[i] = stored[i].y;
+    }
+    PlainBox plain;
+    plain.include(x[0], y[0]);
+    plain.include(x[3], y[3]);
+    for (const double t : turnsOf(x)) plain.include(cubicAt(x, t), cubicAt(y, t));
+    for (const double t : turnsOf(y)) plain.include(cubicAt(x, t), cubicAt(y, t));
+    _mpl_spacerect_tag mer;
+    ASSERT_EQ(EEL_GetObjectMer(object.get(), &mer, 0), 0);
+    expectSameBox(plain, mer);
   }
 }
 
