@@ -140,7 +140,7 @@ bool finishFlat(CAdapterReader& adapter, _egf_obj* object, const _mpl_spacerect_
                          static_cast<unsigned>(adapter.castFillMode(element.fill.fillRule)));
   polygon->pen.scaleFactor = 1.0;
   FilledPaint paint(adapter, element.fill, element.stroke, element.graphics);
-  paint.setPen(pen, shapeNeedsRecord);
+  paint.setShapePen(pen);
   if (!paint.setGradient(kPolygonForm, map, bounds, object)) return false;
   paint.setFillStyle(pen);
   paint.setJoin(pen, pen.lineStyle == kLineSolid);

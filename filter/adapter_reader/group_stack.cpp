@@ -118,7 +118,7 @@ bool appendWithMer(_egf_obj* group, _egf_obj* object, HostHandle map) {
   _mpl_spacerect_tag mer;
   if (!boxAtHand(object, &mer) && EEL_GetObjectMer(object, &mer, map) != 0) return false;
   if (EEL_AppendObject(group, object) != 0) return false;
-  EEL_ExpandMer(&as<EgfGroup>(group)->groupMer, &mer);
+  growBox(&as<EgfGroup>(group)->groupMer, mer);
   return true;
 }
 

@@ -32,15 +32,16 @@ _viewPortMap* takeMap(MapBlock& block) {
   return map->userSpace != nullptr && map->viewBox != nullptr ? map.release() : nullptr;
 }
 
-TransformScene sceneOf(const CAdapterReader& adapter, const PixelScale& scale) {
-  return {scale.resolution(), adapter.viewportWidth, adapter.viewportHeight};
+TransformScene sceneOf(const CAdapterReader& adapter, double resolution) {
+  return {resolution, adapter.viewportWidth, adapter.viewportHeight};
 }
 
 /// Whether the own block's matrices are those of the element's list.
 bool keepsMatricesOf(CAdapterReader& adapter, const _svg_common& element) {
+  const ResolutionAtHand& resolution = adapter.state.resolution;
   const ListStamp kept = adapter.state.mapBlock.matricesOf;
-  return kept != ListStamp::kNone &&
-         kept == adapter.state.transforms.stampOf(sceneOf(adapter, PixelScale(adapter)),
+  return kept != ListStamp::kNone && resolution.isKnown() &&
+         kept == adapter.state.transforms.stampOf(sceneOf(adapter, resolution.pixelsPerInch),
                                                   element.transforms, element.transformCount);
 }
 
@@ -69,6 +70,27 @@ void multiplyParts(CAdapterReader& adapter, _viewPortMap& map) {
   adapter.MultMatrix(&map.matrix, &map.userSpace->matrix);
 }
 
+void setParts(_viewPortMap& map, const _svg_common& element, _svg_viewbox* box,
+              _svg_pa_viewports* ports) {
+  map.viewport = ports;
+  map.viewBox->box = box;
+  map.userSpace->transforms = element.transforms;
+  map.userSpace->transformCount = element.transformCount;
+}
+
+/// A map whose matrices are computed; null when memory ran out.
+[[gnu::noinline]] _viewPortMap* computeMap(CAdapterReader& adapter, const _svg_common& element,
+                                           _svg_viewbox* box, _svg_pa_viewports* ports) {
+  _viewPortMap* found = takeMap(adapter.state.mapBlock);
+  if (found == nullptr) return nullptr;
+  setParts(*found, element, box, ports);
+  adapter._svgViewBoxMatrix(found->viewBox);
+  adapter._svgUserSpaceMatrix(found->userSpace);
+  multiplyParts(adapter, *found);
+  if (found == &adapter.state.mapBlock.map) keepMatrices(adapter);
+  return found;
+}
+
 /// The product of a whole list whose numbers are not all finite.
 void multiplyList(const PixelScale& scale, const _userSpace& space, MatrixRows& product) {
   copyMatrix(kIdentityRows, product);
@@ -85,22 +107,14 @@ using namespace egfsvg;
 /// The own block keeps its matrices for the next element, which mostly has the same transform list.
 _viewPortMap* CAdapterReader::_findMapMatrix(_svg_common* element, _svg_viewbox* box,
                                              _svg_pa_viewports* ports) {
-  _viewPortMap* found = takeMap(state.mapBlock);
-  if (found == nullptr) return nullptr;
-  found->viewport = ports;
-  found->viewBox->box = box;
-  found->userSpace->transforms = element->transforms;
-  found->userSpace->transformCount = element->transformCount;
-  const bool isOwn = found == &state.mapBlock.map;
-  if (isOwn && ports == nullptr && keepsMatricesOf(*this, *element)) {
-    found->matrix = state.mapBlock.onPage;
-    return found;
+  MapBlock& block = state.mapBlock;
+  if (block.inUse || ports != nullptr || !keepsMatricesOf(*this, *element)) {
+    return computeMap(*this, *element, box, ports);
   }
-  _svgViewBoxMatrix(found->viewBox);
-  _svgUserSpaceMatrix(found->userSpace);
-  multiplyParts(*this, *found);
-  if (isOwn) keepMatrices(*this);
-  return found;
+  block.inUse = true;
+  setParts(block.map, *element, box, nullptr);
+  block.map.matrix = block.onPage;
+  return &block.map;
 }
 
 void CAdapterReader::_freeMapMatrix(_viewPortMap* done) {
@@ -145,8 +159,8 @@ void CAdapterReader::_svgUserSpaceMatrix(_userSpace* space) {
   }
   const PixelScale scale(*this);
   PlaneRows running;
-  const std::int32_t known = state.transforms.match(sceneOf(*this, scale), space->transforms,
-                                                    space->transformCount, running);
+  const std::int32_t known = state.transforms.match(
+      sceneOf(*this, scale.resolution()), space->transforms, space->transformCount, running);
   for (std::int32_t i = known; i < space->transformCount; ++i) {
     multiplyEntry(scale, space->transforms[i], running);
     state.transforms.keep(space->transforms[i], i, running);

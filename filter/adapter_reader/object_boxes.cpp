@@ -1,20 +1,33 @@
 #include "adapter_reader/object_boxes.h"
 
+#include <cmath>
+
 #include "host/egf_codes.h"
 
 namespace egfsvg {
 namespace {
 
-/// A rectangle of zeros stands for none.
 bool take(_mpl_spacerect_tag kept, _mpl_spacerect_tag* box) {
   *box = kept;
-  return box->left != 0.0F || box->right != 0.0F || box->top != 0.0F || box->bottom != 0.0F;
+  return !isNone(kept);
 }
 
 bool boxOfEnds(_mpl_spacept_tag start, _mpl_spacept_tag end, _mpl_spacerect_tag* box) {
   *box = {end.x < start.x ? end.x : start.x, end.x > start.x ? end.x : start.x,
           end.y < start.y ? end.y : start.y, end.y > start.y ? end.y : start.y};
   return (start.x + start.y + end.x + end.y) * 0.0F == 0.0F;  // else one may not be finite
+}
+
+/// Of a whole ellipse that is not turned.
+bool boxOfRadii(const EgfEllipse& ellipse, _mpl_spacerect_tag* box) {
+  const bool whole = ellipse.startAngle == 0 && ellipse.endAngle == kFullTurn;
+  if (ellipse.pen.ellipseRotation != 0 || !whole) return false;
+  const double x = ellipse.center.x;
+  const double y = ellipse.center.y;
+  const double rx = std::fabs(ellipse.radiusPt.x - x);
+  const double ry = std::fabs(ellipse.radiusPt.y - y);
+  return boxOfEnds({static_cast<float>(x - rx), static_cast<float>(y - ry)},
+                   {static_cast<float>(x + rx), static_cast<float>(y + ry)}, box);
 }
 
 }  // namespace
@@ -28,6 +41,8 @@ bool boxAtHand(const _egf_obj* object, _mpl_spacerect_tag* box) {
       return take(as<EgfPolyline>(object)->bounds, box);
     case kClassLine:
       return boxOfEnds(as<EgfLine>(object)->startPt, as<EgfLine>(object)->endPt, box);
+    case kClassEllipse:
+      return boxOfRadii(*as<EgfEllipse>(object), box);
     case kClassGroup:
       return as<EgfGroup>(object)->firstChild && take(as<EgfGroup>(object)->groupMer, box);
     case kClassPath:

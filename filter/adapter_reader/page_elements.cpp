@@ -27,11 +27,6 @@ struct ElementRow {
   Formatter format;  // null: the element is passed over
 };
 
-template <class Record, _egf_obj* (CAdapterReader::*kFormat)(Record*)>
-_egf_obj* formatted(CAdapterReader& adapter, void* record) {
-  return (adapter.*kFormat)(static_cast<Record*>(record));
-}
-
 /// A filled polyline needs an area, so it becomes an open polygon.
 _egf_obj* formattedPolyline(CAdapterReader& adapter, void* record) {
   auto* polyline = static_cast<_svg_polyline*>(record);
@@ -51,12 +46,25 @@ ObjectOwner build(CAdapterReader& adapter, _handlerObject& object, const Element
   return ObjectOwner(hidden || row.format == nullptr ? nullptr : row.format(adapter, record));
 }
 
-/// Hands the new object over to the open group. One without a rectangle is dropped.
-int attach(CAdapterReader& adapter, _handlerObject& object, const ElementRow& row) {
-  if (openGroups.currentNode == nullptr) return logNothingOpen(adapter);
-  ObjectOwner made = build(adapter, object, row);
+/// Hands a new object, if there is one, over to the open group. One without a rectangle is dropped.
+void handToGroup(CAdapterReader& adapter, ObjectOwner made) {
   _egf_obj* group = made ? currentGroup() : nullptr;
   if (group != nullptr && appendWithMer(group, made.get(), adapter.map)) (void)made.release();
+}
+
+int attach(CAdapterReader& adapter, _handlerObject& object, const ElementRow& row) {
+  if (openGroups.currentNode == nullptr) return logNothingOpen(adapter);
+  handToGroup(adapter, build(adapter, object, row));
+  return kGoOn;
+}
+
+/// The same for a shape, whose formatter is called straight.
+template <class Record, _egf_obj* (CAdapterReader::*kFormat)(Record*)>
+int attachShape(CAdapterReader& adapter, _handlerObject& object, const ElementRow&) {
+  if (openGroups.currentNode == nullptr) return logNothingOpen(adapter);
+  auto* record = object.payload<Record>();
+  if (isNotDisplayed(record->graphics, record)) return kGoOn;
+  handToGroup(adapter, ObjectOwner((adapter.*kFormat)(record)));
   return kGoOn;
 }
 
@@ -76,7 +84,7 @@ int container(CAdapterReader& adapter, _handlerObject& object, const ElementRow&
 
 template <class Record, _egf_obj* (CAdapterReader::*kFormat)(Record*)>
 constexpr ElementRow shapeRow(std::int32_t tag) {
-  return {tag, attach, offsetof(Record, graphics), formatted<Record, kFormat>};
+  return {tag, attachShape<Record, kFormat>, offsetof(Record, graphics), nullptr};
 }
 
 constexpr ElementRow kElementRows[] = {

@@ -10,10 +10,17 @@ namespace {
 
 constexpr double kFullAlpha = 255.0;
 
+/// The word of the colour that `castColor` gives.
+std::uint32_t wordOf(const _svg_color& colour) {
+  const auto channel = [](std::int32_t value) { return static_cast<std::uint32_t>(value) & 0xFFU; };
+  return channel(colour.colorExtra) << 24 | channel(colour.red) << 16 | channel(colour.green) << 8 |
+         channel(colour.blue);
+}
+
 _sel_RGB_type paletteColour(CAdapterReader& adapter, const _svg_color& colour) {
-  const _sel_RGB_type cast = adapter.castColor(colour);
-  if (!adapter.state.colours.has(colourWord(cast))) adapter.UpdatePalette(cast);
-  return cast;
+  const std::uint32_t word = wordOf(colour);
+  if (!adapter.state.colours.has(word)) adapter.UpdatePalette(colourOf(word));
+  return colourOf(word);
 }
 
 }  // namespace
@@ -22,12 +29,6 @@ Alphas alphasOf(const _svg_pa_fill& fill, const _svg_pa_stroke& stroke,
                 const _svg_pa_graphics& graphics) {
   return {fill.fillOpacity * graphics.opacity, lineAlpha(stroke, graphics)};
 }
-
-bool shapeNeedsRecord(const Alphas& alphas) {
-  return (alphas.fill > 0.0 && alphas.fill < 1.0) || alphas.stroke < 1.0;
-}
-
-bool pathNeedsRecord(const Alphas& alphas) { return alphas.fill < 1.0 || alphas.stroke < 1.0; }
 
 double lineAlpha(const _svg_pa_stroke& stroke, const _svg_pa_graphics& graphics) {
   return stroke.strokePresent == 1 ? stroke.strokeOpacity * graphics.opacity : 0.0;
@@ -69,21 +70,21 @@ using namespace egfsvg;
 int CAdapterReader::SetPathFillAndStrokeColor(_egf_gdi_fillparms_tag* pen,
                                               _egf_gdiplus_fillparms_tag** slot, _svg_pa_fill& fill,
                                               _svg_pa_stroke& stroke, _svg_pa_graphics& graphics) {
-  return paintFilled(*this, filledPen(*pen), pathNeedsRecord, slot, fill, stroke, graphics);
+  return paintFilled<pathNeedsRecord>(*this, filledPen(*pen), slot, fill, stroke, graphics);
 }
 
 int CAdapterReader::SetPgonFillAndStrokeColor(_egf_obj* object, _egf_gdiplus_fillparms_tag** slot,
                                               _svg_pa_fill& fill, _svg_pa_stroke& stroke,
                                               _svg_pa_graphics& graphics) {
-  return paintFilled(*this, filledPen(as<EgfPolygon>(object)->pen), shapeNeedsRecord, slot, fill,
-                     stroke, graphics);
+  return paintFilled<shapeNeedsRecord>(*this, filledPen(as<EgfPolygon>(object)->pen), slot, fill,
+                                       stroke, graphics);
 }
 
 int CAdapterReader::SetElipsFillAndStrokeColor(_egf_obj* object, _egf_gdiplus_fillparms_tag** slot,
                                                _svg_pa_fill& fill, _svg_pa_stroke& stroke,
                                                _svg_pa_graphics& graphics) {
-  return paintFilled(*this, filledPen(as<EgfEllipse>(object)->pen), shapeNeedsRecord, slot, fill,
-                     stroke, graphics);
+  return paintFilled<shapeNeedsRecord>(*this, filledPen(as<EgfEllipse>(object)->pen), slot, fill,
+                                       stroke, graphics);
 }
 
 int CAdapterReader::SetLineFillColor(_egf_obj* object, _egf_gdiplus_stroke_parms_tag** slot,

@@ -19,8 +19,12 @@ Alphas alphasOf(const _svg_pa_fill& fill, const _svg_pa_stroke& stroke,
                 const _svg_pa_graphics& graphics);
 
 /// Whether the opacities ask for an extended record: of polygons and ellipses, and of paths.
-bool shapeNeedsRecord(const Alphas& alphas);
-bool pathNeedsRecord(const Alphas& alphas);
+inline bool shapeNeedsRecord(const Alphas& alphas) {
+  return (alphas.fill > 0.0 && alphas.fill < 1.0) || alphas.stroke < 1.0;
+}
+inline bool pathNeedsRecord(const Alphas& alphas) {
+  return alphas.fill < 1.0 || alphas.stroke < 1.0;
+}
 
 /// Opacity of a stroke-only shape: kept, lines want the stroke mark to be 1, polylines not 0.
 double lineAlpha(const _svg_pa_stroke& stroke, const _svg_pa_graphics& graphics);
@@ -34,13 +38,12 @@ void setColours(CAdapterReader& adapter, FilledPen& pen, const _svg_pa_fill& fil
 void setColour(CAdapterReader& adapter, StrokedPen& pen, const _svg_pa_stroke& stroke);
 
 /// Sets colours and, through a slot of either kind, what opacities need. 0, or -1 out of memory.
-template <class Slot>
-int paintFilled(CAdapterReader& adapter, FilledPen& pen, bool (*needsRecord)(const Alphas&),
-                Slot&& slot, const _svg_pa_fill& fill, const _svg_pa_stroke& stroke,
-                const _svg_pa_graphics& graphics) {
+template <auto kNeedsRecord, class Slot>
+int paintFilled(CAdapterReader& adapter, FilledPen& pen, Slot&& slot, const _svg_pa_fill& fill,
+                const _svg_pa_stroke& stroke, const _svg_pa_graphics& graphics) {
   setColours(adapter, pen, fill, stroke);
   const Alphas alphas = alphasOf(fill, stroke, graphics);
-  if (!needsRecord(alphas)) return 0;
+  if (!kNeedsRecord(alphas)) return 0;
   _egf_gdiplus_fillparms_tag* parms = openSlot(slot);
   if (parms == nullptr) return -1;
   parms->fillAlpha = alphaByte(alphas.fill);

@@ -24,6 +24,12 @@ class PixelScale {
       return perUnit_ * value.value;
     return adapter_.SVGValueToPixelValue(value, resolution_);
   }
+  /// A value that takes its axis from its place.
+  double pixels(const _svg_value& value, AxisCode axis) const {
+    if (value.unit == kUnitPixel) [[likely]]
+      return perUnit_ * value.value;
+    return adapter_.SVGValueToPixelValue({value.unit, value.value, axis}, resolution_);
+  }
   double spaceUnits(const _svg_value& value) const { return pixels(value) * kSpaceUnits; }
 
   _mpl_spacept_tag point(const _svg_value& x, const _svg_value& y) const {

@@ -104,7 +104,7 @@ _egf_obj* formatRound(CAdapterReader& adapter, const RoundShape& shape) {
   const MapOwner map(adapter, adapter._findMapMatrix(&shape.head, nullptr, nullptr));
   if (!map) return nullptr;
   FilledPaint paint(adapter, shape.fill, shape.stroke, shape.graphics);
-  paint.setPen(filledPen(ellipse->pen), shapeNeedsRecord);
+  paint.setShapePen(filledPen(ellipse->pen));
   Decomposition parts;
   decomposeMatrix(map.get()->userSpace->matrix.m, &parts);
   if (parts.shear > 0.0) {  // kept: a negative shear counts as none

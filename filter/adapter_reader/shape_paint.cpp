@@ -49,13 +49,19 @@ std::uint32_t lineStyle(CAdapterReader& adapter, const _svg_pa_stroke& stroke) {
 
 }  // namespace
 
-void FilledPaint::setPen(FilledPen& pen, bool (*needsRecord)(const Alphas&)) {
-  pen.lineWidth = {kMeasureDevice, penWidth(adapter_, stroke_.strokeWidth)};
-  pen.lineStyle = lineStyle(adapter_, stroke_);
-  strokeCode_ = fillCode(stroke_, graphics_.opacity);
-  fillCode_ = fillCode(fill_, graphics_.opacity);
-  paintFilled(adapter_, pen, needsRecord, parms_, fill_, stroke_, graphics_);
+template <auto kNeedsRecord>
+void FilledPaint::setPen(FilledPen& pen) {
+  _svg_pa_fill& fill = fill_;
+  _svg_pa_stroke& stroke = stroke_;
+  const double opacity = graphics_.opacity;
+  pen.lineWidth = {kMeasureDevice, penWidth(adapter_, stroke.strokeWidth)};
+  pen.lineStyle = lineStyle(adapter_, stroke);
+  strokeCode_ = fillCode(stroke, opacity);
+  fillCode_ = fillCode(fill, opacity);
+  paintFilled<kNeedsRecord>(adapter_, pen, parms_, fill, stroke, graphics_);
 }
+template void FilledPaint::setPen<shapeNeedsRecord>(FilledPen& pen);
+template void FilledPaint::setPen<pathNeedsRecord>(FilledPen& pen);
 
 bool FilledPaint::runGradient(const FilledForm& form, _viewPortMap* map,
                               const _mpl_spacerect_tag& bounds, _egf_obj* object) {
@@ -79,18 +85,20 @@ void FilledPaint::setJoin(FilledPen& pen, bool withLimit) {
 
 void FilledPaint::setCaps() { capStyleTo(parms_, adapter_.castLineCap(stroke_.strokeLinecap)); }
 
-void FilledPaint::storeStyles(const FilledForm& form, _egf_obj* object) {
+void FilledPaint::storeStyles(const FilledForm& form, _egf_obj* object) const {
   storeNumber(adapter_, object, form.fillParmsNo, parms_);
   storeNumber(adapter_, object, form.fillGradientNo, fillRamp_);
   storeNumber(adapter_, object, form.strokeGradientNo, strokeRamp_);
 }
 
 void StrokedPaint::setPen(StrokedPen& pen) {
-  pen.lineWidth = {kMeasureDevice, penWidth(adapter_, stroke_.strokeWidth)};
-  pen.lineStyle = lineStyle(adapter_, stroke_);
-  pen.rasterOp = static_cast<std::uint8_t>(rasterCode(stroke_, graphics_.opacity));
-  strokeCode_ = fillCode(stroke_, graphics_.opacity);
-  pen.capStyle = static_cast<std::uint8_t>(adapter_.castLineCap(stroke_.strokeLinecap));
+  _svg_pa_stroke& stroke = stroke_;
+  const double opacity = graphics_.opacity;
+  pen.lineWidth = {kMeasureDevice, penWidth(adapter_, stroke.strokeWidth)};
+  pen.lineStyle = lineStyle(adapter_, stroke);
+  pen.rasterOp = static_cast<std::uint8_t>(rasterCode(stroke, opacity));
+  strokeCode_ = fillCode(stroke, opacity);
+  pen.capStyle = static_cast<std::uint8_t>(adapter_.castLineCap(stroke.strokeLinecap));
 }
 
 /// A butt cap stands in the extended record too.

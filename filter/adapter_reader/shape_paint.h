@@ -38,7 +38,8 @@ class FilledPaint {
       : adapter_(adapter), fill_(fill), stroke_(stroke), graphics_(graphics) {}
 
   /// Width, dashes and colours. Style codes are taken first, since they change the groups.
-  void setPen(FilledPen& pen, bool (*needsRecord)(const Alphas&));
+  void setShapePen(FilledPen& pen) { setPen<shapeNeedsRecord>(pen); }
+  void setPathPen(FilledPen& pen) { setPen<pathNeedsRecord>(pen); }
   /// The fill's gradient, else the stroke's. False when it failed.
   bool setGradient(const FilledForm& form, _viewPortMap* map, const _mpl_spacerect_tag& bounds,
                    _egf_obj* object) {
@@ -51,11 +52,13 @@ class FilledPaint {
   void setJoin(FilledPen& pen, bool withLimit = true);
   void setCaps();
   /// Offers the records in use and stores their numbers.
-  void storeStyles(const FilledForm& form, _egf_obj* object);
+  void storeStyles(const FilledForm& form, _egf_obj* object) const;
 
   FillSlot& parms() { return parms_; }
 
  private:
+  template <auto kNeedsRecord>
+  void setPen(FilledPen& pen);
   bool runGradient(const FilledForm& form, _viewPortMap* map, const _mpl_spacerect_tag& bounds,
                    _egf_obj* object);
 

@@ -24,7 +24,7 @@ int finishPolygon(CAdapterReader& adapter, ObjectOwner& object, const ShapeScene
   pen.modeFlags = figureMode(adapter, pen.modeFlags, figure, scene.fill);
   polygon->pen.scaleFactor = 1.0;
   FilledPaint paint(adapter, scene.fill, scene.stroke, scene.graphics);
-  paint.setPen(pen, shapeNeedsRecord);
+  paint.setShapePen(pen);
   if (!paint.setGradient(kPolygonForm, scene.map, scene.bounds, object.get())) {
     object.reset();
     return -1;
@@ -66,7 +66,7 @@ int CAdapterReader::_setPathParms(_egf_obj* object, _mpl_spacerect_tag& bounds, 
   record.scaleFactor = 1.0;
   FilledPaint paint(*this, fill, stroke, graphics);
   paint.parms().open();
-  paint.setPen(pen, pathNeedsRecord);
+  paint.setPathPen(pen);
   if (!paint.setGradient(kPathForm, by, bounds, object)) return -1;
   paint.setFillStyle(pen);
   paint.setJoin(pen);

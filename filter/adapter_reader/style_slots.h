@@ -20,7 +20,7 @@ class StyleSlot {
  public:
   StyleSlot() = default;
   ~StyleSlot() {
-    if (record_ != &own_) RMM_Free(record_);
+    if (record_ != nullptr && record_ != &own_) RMM_Free(record_);
   }
   StyleSlot(const StyleSlot&) = delete;
   StyleSlot& operator=(const StyleSlot&) = delete;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <cstring>
 
 #include "geometry/matrix.h"
 #include "model/rmm_allocator.h"
@@ -16,8 +17,12 @@ struct TransformScene {
   float viewportWidth = 0.0F;
   float viewportHeight = 0.0F;
 
-  bool operator==(const TransformScene&) const = default;
+  /// To the bit, so that equal scenes give equal products.
+  bool operator==(const TransformScene& other) const {
+    return std::memcmp(this, &other, sizeof other) == 0;
+  }
 };
+static_assert(sizeof(TransformScene) == sizeof(double) + 2 * sizeof(float));
 
 /// Which list something was computed from.
 enum class ListStamp : std::uint64_t {

@@ -7,17 +7,14 @@
 namespace egfsvg {
 namespace {
 
-void multiplyBy(PlaneRows& running, const PlaneRows& right) { multiplyPlane(running, right); }
+[[gnu::always_inline]] inline void multiplyBy(PlaneRows& running, const PlaneRows& right) {
+  multiplyPlane(running, right);
+}
 
 void multiplyBy(MatrixRows& running, const PlaneRows& right) {
   MatrixRows whole;
   setMatrix(right, whole);
   multiplyMatrix(running, whole);
-}
-
-/// A coordinate of a function that takes its axis from its place.
-double pixelsAlong(const PixelScale& scale, AxisCode axis, const _svg_value& value) {
-  return scale.pixels({value.unit, value.value, axis});
 }
 
 template <class Rows>
@@ -27,8 +24,8 @@ void translate(double x, double y, Rows& running) {
 
 template <class Rows>
 void rotate(const PixelScale& scale, const _svg_value* args, Rows& running) {
-  const double x = pixelsAlong(scale, kAxisWidth, args[1]);
-  const double y = pixelsAlong(scale, kAxisHeight, args[2]);
+  const double x = scale.pixels(args[1], kAxisWidth);
+  const double y = scale.pixels(args[2], kAxisHeight);
   const double angle = radiansOf(args[0].value);
   const double c = std::cos(angle);
   const double s = std::sin(angle);
@@ -61,8 +58,8 @@ void multiply(const PixelScale& scale, const transformEntry& entry, Rows& runnin
   if (args == nullptr || entry.argCount < argumentsOf(entry.kind)) return;
   switch (entry.kind) {
     case kTranslate:
-      return translate(pixelsAlong(scale, kAxisWidth, args[0]),
-                       pixelsAlong(scale, kAxisHeight, args[1]), running);
+      return translate(scale.pixels(args[0], kAxisWidth), scale.pixels(args[1], kAxisHeight),
+                       running);
     case kRotate:
       return rotate(scale, args, running);
     case kScale:

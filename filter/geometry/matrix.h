@@ -23,7 +23,7 @@ void multiplyIdentity(const MatrixRows& right, MatrixRows& product);
 
 /// A product of upper rows. As long as all numbers are finite, it is that of the whole matrices
 /// to the bit: even a zero takes its sign from all three products.
-inline void multiplyPlane(PlaneRows& left, const PlaneRows& right) {
+[[gnu::always_inline]] inline void multiplyPlane(PlaneRows& left, const PlaneRows& right) {
   for (double(&row)[3] : left) {
     const double a = row[0];
     const double b = row[1];

@@ -269,12 +269,13 @@ TEST(Driver, AnAdapterDoesNotEndTheStackOfAnother) {
   EXPECT_EQ(other.children().size(), 1U);
 }
 
-// The host is asked for the rectangles of ellipses alone: those of boxes are at hand.
+// The host is asked for the rectangles of turned ellipses; those of other shapes are at hand.
 TEST(Driver, AHostExceptionEndsThePageAndNothingIsLeft) {
-  constexpr const char* kTwoCircles = "<svg ><g ><circle r='1'/></g><circle r='2'/></svg>";
+  constexpr const char* kTwoEllipses =
+      "<svg ><g ><ellipse rx='1' ry='2' transform='rotate(9)'/></g><circle r='2'/></svg>";
   for (const char* call : {"EEL_AllocObject", "EEL_GetObjectMer", "EEL_AppendObject",
                            "STYLE_AppendUnique", "SEL_CLOR_AddColour", "ISL_GetProperty"}) {
-    Reading reading(kTwoCircles);
+    Reading reading(kTwoEllipses);
     egfhost::throwAt(call, 1);
     EXPECT_EQ(reading.read(), -5201) << call;
     EXPECT_EQ(egfhost::faultsStruck(), 1U) << call;

@@ -61,6 +61,22 @@ TEST(ObjectBoxes, LinesHaveTheBoxOfTheirEnds) {
   EXPECT_LT(atHand, kRounds);
 }
 
+TEST(ObjectBoxes, WholeEllipsesHaveTheBoxOfTheirRadii) {
+  std::mt19937 random(3);
+  const ObjectOwner object = make(kClassEllipse);
+  auto* ellipse = as<EgfEllipse>(object.get());
+  int atHand = 0;
+  for (int i = 0; i < kRounds; ++i) {
+    ellipse->center = point(random);
+    ellipse->radiusPt = point(random);
+    ellipse->endAngle = random() % 4 == 0 ? kFullTurn / 2 : kFullTurn;
+    ellipse->pen.ellipseRotation = random() % 4 == 0 ? 30 * kMillionths : 0;
+    expectAsTheHost(object.get(), &atHand);
+  }
+  EXPECT_GT(atHand, kRounds / 5);
+  EXPECT_LT(atHand, kRounds);
+}
+
 TEST(ObjectBoxes, PolygonsAndPolylinesKeepWhatTheHostComputed) {
   std::mt19937 random(2);
   int atHand = 0;
@@ -99,9 +115,27 @@ TEST(ObjectBoxes, ContainersKeepTheBoxOfTheirChildren) {
   }
 }
 
+TEST(ObjectBoxes, BoxesGrowAsTheHostsDo) {
+  std::mt19937 random(4);
+  for (int i = 0; i < kRounds; ++i) {
+    const bool empty = random() % 8 == 0;
+    const _mpl_spacerect_tag old = empty
+                                       ? _mpl_spacerect_tag{0.0F, -0.0F, 0.0F, 0.0F}
+                                       : _mpl_spacerect_tag{coordinate(random), coordinate(random),
+                                                            coordinate(random), coordinate(random)};
+    const _mpl_spacerect_tag by{coordinate(random), coordinate(random), coordinate(random),
+                                coordinate(random)};
+    _mpl_spacerect_tag grown = old;
+    _mpl_spacerect_tag expected = old;
+    growBox(&grown, by);
+    EEL_ExpandMer(&expected, &by);
+    ASSERT_EQ(std::memcmp(&grown, &expected, sizeof grown), 0) << i;
+  }
+}
+
 TEST(ObjectBoxes, OthersAreTheHostsToMeasure) {
   _mpl_spacerect_tag box;
-  for (const int objClass : {kClassEllipse, kClassText, kClassImage}) {
+  for (const int objClass : {kClassEllipse, kClassText, kClassImage}) {  // no angles: no whole one
     EXPECT_FALSE(boxAtHand(make(objClass).get(), &box)) << objClass;
   }
   // All points at the origin: the zeros look like none.
