@@ -6,6 +6,7 @@
 #include <system_error>
 
 #include "model/characters.h"
+#include "model/plain_decimal.h"
 
 namespace egfsvg {
 

@@ -10,48 +10,6 @@
 
 namespace egfsvg {
 
-namespace detail {
-
-inline constexpr std::uint64_t kExactInteger = 1ULL << 53;  // integers up to here are exact doubles
-inline constexpr double kPowersOfTen[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                          1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
-                                          1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-inline constexpr std::ptrdiff_t kPlainDigits = 18;  // always fit in 64 bits, leading zeros and all
-
-/// The digits at `at`, appended to `number`; where they end.
-inline const char* takeDigits(const char* at, const char* last, std::uint64_t* number) {
-  for (; at != last && static_cast<unsigned char>(*at - '0') < 10; ++at) {
-    *number = *number * 10 + static_cast<std::uint64_t>(*at - '0');
-  }
-  return at;
-}
-
-}  // namespace detail
-
-/// The usual form of a number at the start of [first, last): minus sign, few digits, point. Its
-/// value is the one that decimalPrefix gives, and the result is its end. Null for any other form,
-/// also for a number with an exponent.
-inline const char* plainDecimal(const char* first, const char* last, double* value) {
-  const bool negative = first != last && *first == '-';
-  const char* const digits = first + (negative ? 1 : 0);
-  std::uint64_t mantissa = 0;
-  const char* at = detail::takeDigits(digits, last, &mantissa);
-  std::ptrdiff_t count = at - digits;
-  std::ptrdiff_t decimals = 0;
-  if (at != last && *at == '.') {
-    const char* const fraction = at + 1;
-    at = detail::takeDigits(fraction, last, &mantissa);
-    decimals = at - fraction;
-    count += decimals;
-  }
-  if (count == 0 || count > detail::kPlainDigits || mantissa > detail::kExactInteger)
-    return nullptr;
-  if (at != last && (*at == 'e' || *at == 'E')) return nullptr;
-  const double magnitude = static_cast<double>(mantissa) / detail::kPowersOfTen[decimals];
-  *value = negative ? -magnitude : magnitude;
-  return at;
-}
-
 /// The number at the start of [first, last): white space, sign, digits, point, and an exponent (e
 /// or E) when at least one digit follows it. What comes after is not read; with no number it is
 /// 0.0. Out of range gives HUGE_VAL with its sign, or 0. `end`, when asked for, is set behind the

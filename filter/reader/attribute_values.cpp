@@ -5,6 +5,7 @@
 
 #include "model/characters.h"
 #include "model/numbers.h"
+#include "model/plain_decimal.h"
 #include "model/units.h"
 #include "model/value_parser.h"
 #include "reader/lengths.h"

@@ -7,6 +7,7 @@
 
 #include "model/characters.h"
 #include "model/numbers.h"
+#include "model/plain_decimal.h"
 
 namespace egfsvg {
 
@@ -84,6 +85,12 @@ inline double transformDecimal(const char* first, const char* end) {
 /// The mantissa runs to a separator, a bracket or a letter; a lower-case e is followed by an
 /// exponent. One byte is stepped over behind both.
 inline TransformNumber plainTransformNumber(const char* at, const char* last) {
+  double plain = 0.0;
+  const char* const plainEnd = plainDecimal(at, last, &plain);
+  if (plainEnd != nullptr && plainEnd - at <= kTransformNumberSize &&
+      (plainEnd == last || *plainEnd == ')' || isListSeparator(*plainEnd))) {
+    return {true, plain, plainEnd, plainEnd == last ? last : plainEnd + 1};
+  }
   const char* mantissaEnd = transformNumberEnd(at, last);
   TransformNumber number{mantissaEnd != at, transformDecimal(at, mantissaEnd), mantissaEnd, last};
   if (mantissaEnd != last && *mantissaEnd == 'e') {

@@ -4,11 +4,14 @@
 #include "model/path_commands.h"
 
 #include <algorithm>
+#include <array>
+#include <cstring>
 
 #include "host/memory.h"
 #include "model/characters.h"
 #include "model/lifecycle.h"
 #include "model/numbers.h"
+#include "model/plain_decimal.h"
 #include "model/value_parser.h"
 #include "reader/svg_handlerreader.h"
 
@@ -49,6 +52,8 @@ constexpr CommandRow kCommandRows[] = {
     {2, 0, 1},
     {2, 0, 1},  // T t
 };
+
+constexpr std::int32_t kFirstRecords = 8;  // what a sub-path has room for at first
 
 constexpr std::int32_t commandOf(char letter) {
   switch (letter) {
@@ -96,56 +101,96 @@ constexpr std::int32_t commandOf(char letter) {
   }
 }
 
-bool samePlace(const _svg_value& a, const _svg_value& b) {
-  return a.value == b.value && a.unit == b.unit;
+/// What a byte means to a number of path data.
+enum PathByte : std::uint8_t {
+  kBeforeNumber = 1,      // white space, a comma, a letter but "e", which could begin an exponent
+  kSurelyEndsNumber = 2,  // in either grammar: white space, a comma, "-", the terminator, a letter
+                          // that begins no exponent
+};
+
+constexpr std::array<std::uint8_t, 256> pathBytes() {
+  std::array<std::uint8_t, 256> table{};
+  for (std::size_t i = 0; i < table.size(); ++i) {
+    const char c = static_cast<char>(i);
+    const bool separates = isWhite(c) || c == ',';
+    if (separates || (isLetter(c) && c != 'e')) table[i] |= kBeforeNumber;
+    const bool ends = separates || c == '-' || c == '\0' || (isLetter(c) && lower(c) != 'e');
+    if (ends) table[i] |= kSurelyEndsNumber;
+  }
+  return table;
+}
+constexpr auto kPathBytes = pathBytes();
+
+bool isPathByte(char c, PathByte meaning) {
+  return (kPathBytes[static_cast<unsigned char>(c)] & meaning) != 0;
 }
 
-/// Passes over what may stand before a number: white space, commas, and letters but "e", which
-/// could begin an exponent. Kept: a command letter met here is consumed unseen.
-int skipToNumber(const char* text, int index) {
-  while (isWhite(text[index]) || text[index] == ',' ||
-         (isLetter(text[index]) && text[index] != 'e')) {
-    ++index;
-  }
-  return index;
+/// Passes over what may stand before a number. Kept: a command letter met here is consumed unseen.
+const char* skipToNumber(const char* at) {
+  while (isPathByte(*at, kBeforeNumber)) ++at;
+  return at;
 }
 
 /// The end of a number: white space, a comma, a letter but "e", or a "-" that neither starts the
 /// number nor follows an "e". Kept: a second point or a "+" is taken into the number and lost.
-int plainNumberEnd(const char* text, int first) {
-  int i = first;
-  for (; text[i] != '\0' && !isWhite(text[i]) && text[i] != ','; ++i) {
-    if (isLetter(text[i]) && text[i] != 'e') break;
-    if (text[i] == '-' && i != first && text[i - 1] != 'e') break;
+const char* plainNumberEnd(const char* first) {
+  const char* at = first;
+  for (; *at != '\0' && !isPathByte(*at, kBeforeNumber); ++at) {
+    if (*at == '-' && at != first && at[-1] != 'e') break;
   }
-  return i;
+  return at;
 }
 
-bool surelyEndsNumber(char c) {
-  return isWhite(c) || isLetter(c) || c == ',' || c == '-' || c == '\0';
-}
-
-int skipDigits(const char* text, int index) {
-  while (isDigit(text[index])) ++index;
-  return index;
+const char* skipDigits(const char* at) {
+  while (isDigit(*at)) ++at;
+  return at;
 }
 
 /// The end of a number by the grammar of SVG 1.1: a sign or a second point starts the next one.
-int compactNumberEnd(const char* text, int first) {
+const char* compactNumberEnd(const char* first) {
   const auto isSign = [](char c) { return c == '+' || c == '-'; };
-  int i = skipDigits(text, isSign(text[first]) ? first + 1 : first);
-  if (text[i] == '.') i = skipDigits(text, i + 1);
-  if (text[i] == 'e' || text[i] == 'E') {
-    const int digits = isSign(text[i + 1]) ? i + 2 : i + 1;
-    if (isDigit(text[digits])) i = skipDigits(text, digits);
+  const char* at = skipDigits(isSign(*first) ? first + 1 : first);
+  if (*at == '.') at = skipDigits(at + 1);
+  if (*at == 'e' || *at == 'E') {
+    const char* const digits = isSign(at[1]) ? at + 2 : at + 1;
+    if (isDigit(*digits)) at = skipDigits(digits);
   }
-  return i > first || text[i] == '\0' ? i : i + 1;
+  return at > first || *at == '\0' ? at : at + 1;
+}
+
+/// A number of any form at `at`, which is moved to its end.
+[[gnu::noinline]] double takeOddNumber(const char*& at, const char* last, bool compact) {
+  const char* const first = at;
+  double value = 0.0;
+  at = plainDecimal(first, last, &value);
+  if (at != nullptr && isPathByte(*at, kSurelyEndsNumber)) return value;
+  at = compact ? compactNumberEnd(first) : plainNumberEnd(first);
+  const auto counted = std::min(static_cast<std::size_t>(at - first), kNumberScratch);
+  return decimalPrefix(first, first + counted);
+}
+
+/// The next number of path data, behind what may stand before it; `at` is moved to its end. `last`
+/// is the terminator of the text.
+inline double takeNumber(const char*& at, const char* last, bool compact) {
+  at = skipToNumber(at);
+  const bool negative = *at == '-';
+  double value = 0.0;
+  const char* const end = shortDecimal(at + (negative ? 1 : 0), last, &value);
+  // Where a plain number ends at one of these, every rule ends it there.
+  if (end == nullptr || !isPathByte(*end, kSurelyEndsNumber)) [[unlikely]] {
+    return takeOddNumber(at, last, compact);
+  }
+  at = end;
+  return detail::withSign(value, negative);
 }
 
 class PathWalk {
  public:
   PathWalk(CHandlerReader& reader, _svg_path& path, const char* text)
-      : reader_(reader), path_(path), text_(text), compact_(reader.state.settings.compactNumbers) {}
+      : path_(path),
+        at_(text),
+        last_(text + std::strlen(text)),
+        compact_(reader.state.settings.compactNumbers) {}
 
   int run();
 
@@ -157,25 +202,27 @@ class PathWalk {
   bool moveTo();
   bool lineTo();
   bool curve();
-  double number() { return reader_.GetNextPathCoord(text_, index_); }
+  double number() { return takeNumber(at_, last_, compact_); }
   double arcFlag();
   _svg_path_data* addRecord(std::int32_t command);
+  bool resizeRecords(std::int32_t room);
+  void trimRecords();
   void readArc(_svg_path_data& record);
   void setPoint(const _svg_path_data& record);
   void markClosedIfMet();
   _svg_singlepath& subPath() { return path_.paths[path_.pathCount - 1]; }
 
-  CHandlerReader& reader_;
   _svg_path& path_;
-  const char* text_;
-  int index_ = 0;
+  const char* at_;
+  const char* last_;
   bool compact_;
   std::int32_t command_ = kPathNone;
   bool subPathDue_ = true;
   bool firstPointDue_ = true;  // Kept: set once, so later sub-paths compare with the path's start
   std::int32_t records_ = 0;
-  _svg_value firstX_ = kDefaultValue, firstY_ = kDefaultValue;
-  _svg_value lastX_ = kDefaultValue, lastY_ = kDefaultValue;
+  std::int32_t room_ = 0;  // records that the data of the sub-path in hand has room for
+  double firstX_ = 0.0, firstY_ = 0.0;
+  double lastX_ = 0.0, lastY_ = 0.0;
 };
 
 int PathWalk::run() {
@@ -188,39 +235,42 @@ int PathWalk::run() {
     if (!dispatch()) break;
   }
   if (path_.paths == nullptr) return -1;
+  trimRecords();
   markClosedIfMet();
   return 0;
 }
 
 /// Skips white space and takes a command letter, without consuming it. False at the end.
 bool PathWalk::nextCommand() {
-  while (isWhite(text_[index_])) ++index_;
-  if (isLetter(text_[index_])) command_ = commandOf(text_[index_]);
-  return text_[index_] != '\0';
+  while (isWhite(*at_)) ++at_;
+  if (isLetter(*at_)) command_ = commandOf(*at_);
+  return *at_ != '\0';
 }
 
 /// Closes the sub-path in hand when its ends meet. Kept: numbers as read are compared, so for
 /// relative commands these are deltas.
 void PathWalk::markClosedIfMet() {
-  if (path_.pathCount > 0 && samePlace(firstX_, lastX_) && samePlace(firstY_, lastY_)) {
+  if (path_.pathCount > 0 && firstX_ == lastX_ && firstY_ == lastY_) {
     subPath().closed = 1;
   }
 }
 
 bool PathWalk::startSubPath(std::int32_t subFlag) {
   if (path_.pathCount >= kMaxSubPaths) return false;
+  trimRecords();
   void* grown = RMM_ReAllocName(path_.paths, static_cast<std::size_t>(path_.pathCount) + 1,
                                 sizeof(_svg_singlepath), RMM_SITE);
   if (grown == nullptr) return false;
   path_.paths = static_cast<_svg_singlepath*>(grown);
   path_.paths[path_.pathCount++] = {nullptr, 0, subFlag, 0};
+  room_ = 0;
   return true;
 }
 
 bool PathWalk::dispatch() {
   switch (command_) {
     case kPathNone:
-      ++index_;
+      ++at_;
       return true;
     case kPathClose:
       return close();
@@ -238,7 +288,7 @@ bool PathWalk::dispatch() {
 bool PathWalk::close() {
   subPath().closed = 1;
   if (addRecord(kPathClose) == nullptr) return false;
-  ++index_;
+  ++at_;
   subPathDue_ = true;
   return true;
 }
@@ -280,14 +330,29 @@ bool PathWalk::curve() {
 _svg_path_data* PathWalk::addRecord(std::int32_t command) {
   if (records_ >= kMaxPathRecords) return nullptr;
   _svg_singlepath& path = subPath();
-  _svg_path_data* grown = reader_.AddNewPathData(path.data, path.dataCount);
-  if (grown == nullptr) return nullptr;
-  path.data = grown;
+  if (path.dataCount == room_ && !resizeRecords(room_ == 0 ? kFirstRecords : 2 * room_)) {
+    return nullptr;
+  }
   _svg_path_data* record = &path.data[path.dataCount++];
   *record = {};
   record->command = command;
   ++records_;
   return record;
+}
+
+/// False without memory; what is there stays as it is.
+bool PathWalk::resizeRecords(std::int32_t room) {
+  void* const resized = RMM_ReAllocName(subPath().data, static_cast<std::size_t>(room),
+                                        sizeof(_svg_path_data), RMM_SITE);
+  if (resized == nullptr) return false;
+  subPath().data = static_cast<_svg_path_data*>(resized);
+  room_ = room;
+  return true;
+}
+
+/// Gives back what the sub-path in hand does not need.
+void PathWalk::trimRecords() {
+  if (path_.pathCount > 0 && subPath().dataCount < room_) resizeRecords(subPath().dataCount);
 }
 
 /// The flags take the places of a unit and an axis, rounded.
@@ -304,17 +369,17 @@ void PathWalk::readArc(_svg_path_data& record) {
 /// With compact numbers a flag is one digit, so "01" is two flags.
 double PathWalk::arcFlag() {
   if (!compact_) return number();
-  index_ = skipToNumber(text_, index_);
-  const char digit = text_[index_];
+  at_ = skipToNumber(at_);
+  const char digit = *at_;
   if (digit != '0' && digit != '1') return number();
-  ++index_;
+  ++at_;
   return digit - '0';
 }
 
 void PathWalk::setPoint(const _svg_path_data& record) {
   const CommandRow& row = kCommandRows[record.command];
-  if (row.pointX != kNoSlot) lastX_ = record.*kSlots[row.pointX];
-  if (row.pointY != kNoSlot) lastY_ = record.*kSlots[row.pointY];
+  if (row.pointX != kNoSlot) lastX_ = (record.*kSlots[row.pointX]).value;
+  if (row.pointY != kNoSlot) lastY_ = (record.*kSlots[row.pointY]).value;
   if (!firstPointDue_) return;
   if (row.pointX != kNoSlot) firstX_ = lastX_;
   if (row.pointY != kNoSlot) firstY_ = lastY_;
@@ -331,19 +396,10 @@ int CHandlerReader::SetPathAtt(_svg_path* path, const char* d) {
 }
 
 double CHandlerReader::GetNextPathCoord(const char* text, int& index) {
-  const int first = egfsvg::skipToNumber(text, index);
-  double value = 0.0;
-  // The terminator ends any number.
-  const char* end = egfsvg::plainDecimal(text + first, nullptr, &value);
-  // Where a plain number ends at one of these, every rule ends it there.
-  if (end != nullptr && egfsvg::surelyEndsNumber(*end)) {
-    index = static_cast<int>(end - text);
-    return value;
-  }
-  index = state.settings.compactNumbers ? egfsvg::compactNumberEnd(text, first)
-                                        : egfsvg::plainNumberEnd(text, first);
-  const int counted = std::min(index - first, static_cast<int>(egfsvg::kNumberScratch));
-  return egfsvg::decimalPrefix(text + first, text + first + counted);
+  const char* at = text + index;
+  const double value = egfsvg::takeNumber(at, at + std::strlen(at), state.settings.compactNumbers);
+  index = static_cast<int>(at - text);
+  return value;
 }
 
 _svg_path_data* CHandlerReader::AddNewPathData(_svg_path_data* data, int count) {

@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "model/plain_decimal.h"
 #include "model/rmm_allocator.h"
 #include "reader/number_scan.h"
 #include "reader/svg_handlerreader.h"
@@ -10,30 +11,45 @@ namespace egfsvg {
 
 namespace {
 
-// Kept: both coordinates refer to the width, and units in the text are not honoured.
-const char* readCoordinate(_svg_value& out, const char* at, const char* last, NumberRule rule) {
-  out = pixels(0.0, kAxisWidth);
-  const char* end = plainDecimal(at, last, &out.value);
-  // Where a plain number ends at a separator, every rule ends it there.
+// A coordinate of any form.
+[[gnu::noinline]] const char* readOddCoordinate(double& out, const char* at, const char* last,
+                                                NumberRule rule) {
+  const char* end = plainDecimal(at, last, &out);
   if (end != nullptr && (end == last || isListSeparator(*end)) && end - at <= kListTokenSize) {
     return end;
   }
   const NumberSpan span = rule(at, last);
-  out.value = decimalPrefix(at, span.end);
+  out = decimalPrefix(at, span.end);
   return span.next;
+}
+
+// Kept: both coordinates refer to the width, and units in the text are not honoured.
+const char* readCoordinate(_svg_value& out, const char* at, const char* last, NumberRule rule) {
+  out = pixels(0.0, kAxisWidth);
+  const bool negative = *at == '-';
+  const char* const end = shortDecimal(at + (negative ? 1 : 0), last, &out.value);
+  // Where a plain number ends at a separator, every rule ends it there.
+  if (end == nullptr || (end != last && !isListSeparator(*end))) [[unlikely]] {
+    return readOddCoordinate(out.value, at, last, rule);
+  }
+  out.value = detail::withSign(out.value, negative);
+  return end;
 }
 
 // A lone coordinate at the end counts for nothing. False without memory.
 bool readPoints(GrowingArray<_svg_point>& points, const char* at, const char* last,
                 NumberRule rule) {
-  bool pending = false;
   _svg_point point{};
-  for (at = skipListSeparators(at, last); at != last; at = skipListSeparators(at, last)) {
-    at = readCoordinate(pending ? point.y : point.x, at, last, rule);
-    if (pending && !points.push(point)) return false;
-    pending = !pending;
+  for (;;) {
+    at = skipListSeparators(at, last);
+    if (at == last) return true;
+    at = skipListSeparators(readCoordinate(point.x, at, last, rule), last);
+    if (at == last) return true;
+    at = readCoordinate(point.y, at, last, rule);
+    _svg_point* const place = points.append();
+    if (place == nullptr) return false;
+    *place = point;
   }
-  return true;
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // Transform lists: each call appends the functions of its text to the element's list.
 
 #include <cstring>
+#include <string_view>
 
 #include "frame/result_codes.h"
 #include "model/name_tables.h"
@@ -28,8 +29,16 @@ bool containsNoCase(const char* first, const char* last, const char* name) {
   return false;
 }
 
+/// The names as SVG 1.1 spells them, in table order; none stands inside another.
+constexpr std::string_view kPlainNames[kSvgTransformationCount] = {"matrix", "translate", "scale",
+                                                                   "rotate", "skewX",     "skewY"};
+
 /// Row of the first function, in table order, whose name stands anywhere in the text; -1 for none.
 int functionRow(const char* first, const char* last) {
+  const std::string_view name(first, static_cast<std::size_t>(last - first));
+  for (int row = 0; row < kSvgTransformationCount; ++row) {
+    if (name == kPlainNames[row]) return row;
+  }
   for (int row = 0; row < kSvgTransformationCount; ++row) {
     if (containsNoCase(first, last, SVG_TRANSFORMATION_NAMES[row])) return row;
   }
