@@ -47,6 +47,19 @@ const char* lengthUnitEnd(const char* first, const char* last) {
   return at;
 }
 
+/// A short number that is the whole text of a pair, in pixels; false, with nothing done, for any
+/// other text. The block behind the text may be read, so its length need not be known.
+bool readPlainPixels(_svg_value* out, const _svg_attrib_pair& pair) {
+  const char* const blockEnd = pair.value + pair.valueSize;
+  const bool negative = *pair.value == '-';
+  double value = 0.0;
+  const char* const end = shortDecimal(pair.value + (negative ? 1 : 0), blockEnd, &value);
+  if (end == nullptr || end == blockEnd || *end != '\0') return false;
+  out->value = detail::withSign(value, negative);
+  out->unit = kUnitPixel;
+  return true;
+}
+
 constexpr double kDotsPerInch = 96.0;
 constexpr double kCentimetresPerInch = 2.54;
 constexpr double kPointsPerInch = 72.0;
@@ -84,7 +97,8 @@ int CHandlerReader::ParseAngle(_svg_angle* out, const char* text) {
 }
 
 int CHandlerReader::SetValueAtt(_svg_value* out, _svg_attrib_pair* pair) {
-  return pair == nullptr ? 0 : ParseValue(out, pair->value);
+  if (pair == nullptr || out == nullptr || pair->value == nullptr) return 0;
+  return egfsvg::readPlainPixels(out, *pair) ? 0 : ParseValue(out, pair->value);
 }
 
 int CHandlerReader::SetAngleAtt(_svg_angle* out, _svg_attrib_pair* pair) {
