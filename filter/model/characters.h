@@ -63,6 +63,12 @@ constexpr bool equalsNoCase(const char* first, const char* second) {
   return first != nullptr && second != nullptr && compareNoCase(first, second) == 0;
 }
 
+/// The same for a word that begins with a lower-case letter: the first byte of a text tells it from
+/// most others.
+inline bool isKeyword(const char* text, const char* word) {
+  return (*text | ('a' - 'A')) == *word && equalsNoCase(text, word);
+}
+
 /// The same for `length` bytes at `first` against a whole text.
 constexpr bool equalsNoCase(const char* first, std::size_t length, const char* second) {
   if (first == nullptr || second == nullptr) return false;

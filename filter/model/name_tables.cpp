@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "model/name_index.h"
+#include "model/short_name_tables.h"
 
 const char* const SVG_COLOR_NAMES[kSvgColorCount] = {
 #define EGFSVG_COLOR(name, red, green, blue) name,
@@ -36,16 +37,6 @@ namespace egfsvg {
 
 namespace {
 
-constexpr NamedCode kTags[] = {
-#define EGFSVG_TAG(name, code, text) {text, code},
-#include "model/tags.def"
-#undef EGFSVG_TAG
-};
-constexpr NamedCode kAttributes[] = {
-#define EGFSVG_ATTRIBUTE(name, code, text) {text, code},
-#include "model/attributes.def"
-#undef EGFSVG_ATTRIBUTE
-};
 constexpr NamedCode kStyleProperties[] = {
 #define EGFSVG_STYLE_PROPERTY(name, code, text) {text, code},
 #include "model/style_properties.def"
@@ -64,8 +55,8 @@ constexpr std::array<const char*, N> namesOf(const NamedCode (&rows)[N]) {
   return names;
 }
 
-constexpr NameIndex<std::size(kTags), 256> kTagIndex(namesOf(kTags));
-constexpr NameIndex<std::size(kAttributes), 512> kAttributeIndex(namesOf(kAttributes));
+constexpr NameIndex<std::size(kTagNames), 256> kTagIndex(namesOf(kTagNames));
+constexpr NameIndex<std::size(kAttributeNames), 512> kAttributeIndex(namesOf(kAttributeNames));
 constexpr NameIndex<std::size(kStyleProperties), 256> kStyleIndex(namesOf(kStyleProperties));
 constexpr NameIndex<kSvgColorCount, 512> kColorIndex(kColorNames);
 
@@ -86,11 +77,11 @@ static_assert(std::size(kRuleNames) == kTagMarker - kTagSvg + 1);
 }  // namespace
 
 int tagCode(const char* name, std::size_t length) {
-  return codeOf(kTags, kTagIndex.find(name, length));
+  return codeOf(kTagNames, kTagIndex.find(name, length));
 }
 
 int attributeCode(const char* name, std::size_t length) {
-  return codeOf(kAttributes, kAttributeIndex.find(name, length));
+  return codeOf(kAttributeNames, kAttributeIndex.find(name, length));
 }
 
 int colorRow(const char* name) { return kColorIndex.find(name); }
@@ -102,7 +93,7 @@ const char* tagName(int type) {
 }  // namespace egfsvg
 
 int GetAttType(const char* name) {
-  return egfsvg::codeOf(egfsvg::kAttributes, egfsvg::kAttributeIndex.find(name));
+  return egfsvg::codeOf(egfsvg::kAttributeNames, egfsvg::kAttributeIndex.find(name));
 }
 
 int GetStyleAttType(const char* name) {

@@ -15,6 +15,9 @@
 #include <new>
 #include <string>
 #include <system_error>
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 #pragma GCC poison strcpy strcat strncpy strncat stpcpy sprintf vsprintf snprintf vsnprintf
 #pragma GCC poison gets scanf sscanf fscanf strtok strtok_r strdup strndup

@@ -13,6 +13,13 @@ inline bool isForeignName(const char* name) {
   return std::strchr(name, ':') != nullptr || std::strcmp(name, "xmlns") == 0;
 }
 
+/// Tells of an attribute that is not known.
+inline void reportUnknownName(const CHandlerReader& reader, const char* name) {
+  if (reader.state.reporting && !isForeignName(name)) {
+    report(reader, Diagnostic::kUnknownAttribute, name, RMM_SITE);
+  }
+}
+
 /// Reads on to the end of the tag and hands each pair to `apply(code, pair)`. kAttNoMore; or
 /// kAttSyntaxError at a pair that cannot be read, and without memory.
 template <class Apply>
@@ -31,9 +38,7 @@ int readAttributesQuietly(CHandlerReader& reader, Apply apply) {
 template <class Apply>
 int readAttributes(CHandlerReader& reader, Apply apply) {
   return readAttributesQuietly(reader, [&](int code, _svg_attrib_pair* pair) {
-    if (code == kAttUnknown && reader.state.reporting && !isForeignName(pair->name)) {
-      report(reader, Diagnostic::kUnknownAttribute, pair->name, RMM_SITE);
-    }
+    if (code == kAttUnknown) reportUnknownName(reader, pair->name);
     apply(code, pair);
   });
 }

@@ -34,28 +34,63 @@ class ElementRow {
  public:
   constexpr ElementRow(GroupOffsets groups, std::span<const CodeRange> presentation,
                        std::span<const ActionRow> common, std::span<const ActionRow> own)
-      : groups_(groups), common_(common), own_(own) {
+      : groups_(groups) {
     for (const CodeRange& range : presentation) {
       for (std::int32_t code = range.first; code <= range.last; ++code) {
         slots_[static_cast<std::size_t>(code)] = kPresentationSlot;
       }
     }
     std::uint8_t slot = 0;
-    for (const ActionRow& row : common) slots_[static_cast<std::size_t>(row.code)] = ++slot;
-    for (const ActionRow& row : own) slots_[static_cast<std::size_t>(row.code)] = ++slot;
+    for (const auto& rows : {common, own}) {
+      for (const ActionRow& row : rows) {
+        slots_[static_cast<std::size_t>(row.code)] = ++slot;
+        actions_[slot] = row.run;
+      }
+    }
   }
 
+  /// Does so for all attributes of the tag at hand, one by one. kAttNoMore; or kAttSyntaxError at a
+  /// pair that cannot be read, and without memory.
+  int applyAll(CHandlerReader& reader, void* record) const;
   /// Does what the code asks for; codes that the element does not accept do nothing.
   void apply(CHandlerReader& reader, void* record, std::int32_t code, _svg_attrib_pair* pair) const;
 
  private:
+  void run(CHandlerReader& reader, void* record, std::int32_t code, std::uint8_t slot,
+           _svg_attrib_pair* pair) const;
+  bool applyOdd(CHandlerReader& reader, void* record, _svg_attrib_pair* pair, int& code) const;
+
   static constexpr std::uint8_t kPresentationSlot = 255;
+  static constexpr std::size_t kMostActions = 24;
+
+  std::uint8_t slotOf(std::int32_t code) const {
+    return static_cast<std::uint32_t>(code) < kAttributeCodes
+               ? slots_[static_cast<std::size_t>(code)]
+               : std::uint8_t{0};
+  }
 
   GroupOffsets groups_;
-  std::span<const ActionRow> common_;
-  std::span<const ActionRow> own_;
-  std::array<std::uint8_t, kAttributeCodes> slots_{};  // 0: not accepted
+  std::array<AttributeAction, kMostActions> actions_{};  // by slot
+  std::array<std::uint8_t, kAttributeCodes> slots_{};    // 0: not accepted
 };
+
+/// What the elements accept.
+extern const ElementRow kSvgRow;
+extern const ElementRow kGroupRow;
+extern const ElementRow kDefsRow;
+extern const ElementRow kSwitchRow;
+extern const ElementRow kLinkRow;
+extern const ElementRow kImageRow;
+extern const ElementRow kTextRow;
+extern const ElementRow kGradientRow;
+extern const ElementRow kStopRow;
+extern const ElementRow kRectRow;
+extern const ElementRow kCircleRow;
+extern const ElementRow kEllipseRow;
+extern const ElementRow kLineRow;
+extern const ElementRow kPolylineRow;
+extern const ElementRow kPolygonRow;
+extern const ElementRow kPathRow;
 
 /// The setters' shared body.
 template <class Record>

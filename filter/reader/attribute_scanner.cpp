@@ -5,6 +5,7 @@
 #include "model/characters.h"
 #include "model/name_tables.h"
 #include "model/rmm_allocator.h"
+#include "reader/plain_attributes.h"
 #include "reader/scan_classes.h"
 #include "reader/svg_handlerreader.h"
 
@@ -14,9 +15,7 @@ namespace {
 
 constexpr int kSourceEnd = cBuffer::kSourceEnd;
 
-// Further results inside this file, beside attribute codes.
-constexpr int kOdd = -3;       // not the usual form
-constexpr int kNoMemory = -4;  // the value could not be kept
+constexpr int kNoMemory = -4;  // the value could not be kept: beside attribute codes
 
 /// How a name ended.
 enum class NameEnd { kSeparator, kFull, kTag, kSource };
@@ -100,51 +99,15 @@ class ValueWriter {
   std::size_t length_ = 0;
 };
 
-/// Most names and values fit into so many bytes, which are copied at once.
-constexpr std::size_t kShortText = 32;
-static_assert(kShortText <= cBuffer::kSlack && kShortText < kAttribNameSize);
-
-/// Copies text of the block and terminates it. The target holds kShortText bytes at least.
-void copyText(char* to, const char* from, std::size_t length) {
-  if (length < kShortText) {
-    std::memcpy(to, from, kShortText);
-  } else {
-    std::memcpy(to, from, length);
-  }
-  to[length] = '\0';
-}
-
-/// An attribute in its usual form, name="value", or the end of the tag, that stands whole in the
-/// block and fits the pair: its code. Otherwise kOdd, with nothing taken.
-int readPlainPair(cBuffer& source, _svg_attrib_pair& pair) {
-  const char* at = source.unread();
-  const char* const end = source.unreadEnd();
-  if (at == end) return kOdd;
-  // The zero byte behind the block ends each walk.
-  while (egfsvg::isWhite(*at)) ++at;
-  const char* const name = at;
-  while (!egfsvg::isScanned(*at, egfsvg::kOddInAttName)) ++at;
-  const auto nameLength = static_cast<std::size_t>(at - name);
-  if (nameLength == 0) {
-    const bool slashed = at[0] == '/' && at[1] == '>';
-    if (!slashed && *at != '>') return kOdd;
-    source.takeTo(at + (slashed ? 2 : 1));
-    return egfsvg::kAttNoMore;
-  }
-  const auto room = static_cast<std::size_t>(pair.valueSize);
-  if (*at != '=' || nameLength >= kAttribNameSize - 1 || room <= kShortText) return kOdd;
-  const char quote = at[1];
-  if (quote != '"' && quote != '\'') return kOdd;
-  at += 2;
-  while (*at == ' ') ++at;
-  const void* close = at >= end ? nullptr : std::memchr(at, quote, std::size_t(end - at));
-  if (close == nullptr) return kOdd;
-  const auto valueLength = static_cast<std::size_t>(static_cast<const char*>(close) - at);
-  if (valueLength + 1 >= room) return kOdd;
-  copyText(pair.name, name, nameLength);
-  copyText(pair.value, at, valueLength);
-  source.takeTo(static_cast<const char*>(close) + 1);
-  return egfsvg::attributeCode(name, nameLength);
+/// Takes the next attribute if it is plain; otherwise kAttOdd, with nothing taken.
+int takePlain(cBuffer& source, _svg_attrib_pair& pair) {
+  if (source.block == nullptr) return egfsvg::kAttOdd;
+  egfsvg::PlainAttribute found;
+  const int code = egfsvg::scanPlain(source.unread(), source.unreadEnd(), found);
+  if (code == egfsvg::kAttOdd) return code;
+  source.takeTo(found.next);
+  if (code != egfsvg::kAttNoMore) egfsvg::fillPair(found, pair);
+  return code;
 }
 
 /// Reads a name up to its "=", which is stored too.
@@ -235,9 +198,30 @@ bool readStyleValue(const char*& text, ValueWriter& value) {
 
 }  // namespace
 
+int egfsvg::scanAnyPlain(const char* at, const char* end, PlainAttribute& found) {
+  // The zero byte behind the block ends each walk.
+  while (isWhite(*at)) ++at;
+  const char* const name = at;
+  while (!isScanned(*at, kOddInAttName)) ++at;
+  const auto nameLength = static_cast<std::size_t>(at - name);
+  found = {name, nameLength, nullptr, 0, behindTagEnd(at)};
+  if (nameLength == 0 && found.next != nullptr) return kAttNoMore;
+  if (*at != '=' || nameLength == 0 || nameLength >= kAttribNameSize - 1) return kAttOdd;
+  const char quote = at[1];
+  if (quote != '"' && quote != '\'') return kAttOdd;
+  at += 2;
+  while (*at == ' ') ++at;
+  const char* const close = findByte(at, end, quote);
+  if (close >= end) return kAttOdd;
+  found.value = at;
+  found.valueLength = static_cast<std::size_t>(close - at);
+  found.next = close + 1;
+  return attributeCode(name, nameLength);
+}
+
 int CHandlerReader::GetNextAttribPair(_svg_attrib_pair* pair) {
-  int code = readPlainPair(buffer, *pair);
-  if (code == kOdd) code = readOddPair(buffer, *pair);
+  int code = pair->valueSize < kAttribValueSize ? egfsvg::kAttOdd : takePlain(buffer, *pair);
+  if (code == egfsvg::kAttOdd) code = readOddPair(buffer, *pair);
   if (code == egfsvg::kAttNoMore || code == egfsvg::kAttSyntaxError) return code;
   if (code == kNoMemory) {
     state.outOfMemory = true;

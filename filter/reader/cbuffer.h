@@ -2,6 +2,7 @@
 // byte by byte, by copied text, or by SourceCursor over the block's own bytes.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 #include "host/files.h"
@@ -54,11 +55,19 @@ class cBuffer {
   /// The unread bytes of the block, and where they end. Null, both, when nothing is loaded.
   const char* unread() const { return block == nullptr ? nullptr : block + blockPos; }
   const char* unreadEnd() const { return block == nullptr ? nullptr : block + blockLen; }
+  /// The bytes from one file index to another, when the block holds them all; null otherwise.
+  const char* keptBytes(std::int32_t first, std::int32_t last) const {
+    const std::int32_t blockStart = fileIndex - blockPos;
+    const bool isKept =
+        block != nullptr && first >= blockStart && first <= last && last <= blockStart + blockLen;
+    return isKept ? block + (first - blockStart) : nullptr;
+  }
   /// Takes the unread bytes up to `at`.
-  void takeTo(const char* at) {
-    const auto taken = static_cast<std::int32_t>(at - (block + blockPos));
-    blockPos += taken;
-    fileIndex += taken;
+  void takeTo(const char* at) { take(at - (block + blockPos)); }
+  /// Takes so many unread bytes of the block.
+  void take(std::ptrdiff_t count) {
+    blockPos += static_cast<std::int32_t>(count);
+    fileIndex += static_cast<std::int32_t>(count);
   }
   /// False at the end of the source; otherwise the block holds the byte at the file index.
   bool loadNext();

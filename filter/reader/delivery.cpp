@@ -131,8 +131,7 @@ int Delivery::drawTarget(_svg_group& use) {
 }
 
 bool isTagClosed(CHandlerReader& reader, int index) {
-  const auto end = static_cast<int>(reader.buffer.setFileIndex(index));
-  return reader.isSVGTagClosed(index, end) != 0;
+  return reader.isSVGTagClosed(index, reader.buffer.getFileIndex()) != 0;
 }
 
 void passTo(CHandlerReader& reader, int closer) {

@@ -1,12 +1,14 @@
 // The second pass: walks the tags and hands out each finished element. Between two callbacks only
 // the chain of open containers stays in memory.
 #include <cstring>
+#include <string_view>
 
 #include "frame/result_codes.h"
 #include "model/numbers.h"
 #include "model/rmm_allocator.h"
 #include "reader/attribute_loop.h"
 #include "reader/delivery.h"
+#include "reader/plain_attributes.h"
 #include "reader/reports.h"
 #include "reader/svg_handlerreader.h"
 #include "reader/tag_table.h"
@@ -128,8 +130,7 @@ int Enumeration::run(bool& finished) {
 
 void Enumeration::nextTag() {
   freeAll(entityName_);
-  tag_ = reader_.GetNextPoiterTag(&entityName_);
-  if (tag_ != kTagEntityReference) tag_ = reader_.GetNextTag(&tagIndex_);
+  tag_ = reader_.takeTagOrReference(&tagIndex_, &entityName_);
 }
 
 void Enumeration::reportEnd() {
@@ -155,9 +156,23 @@ void Enumeration::openSvg() {
   keepGoing_ = delivery_.sendSvg(*svg);
 }
 
+/// True when the attributes of the tag at hand are plain and no id among them names a page. Nothing
+/// is taken.
+bool namesNoPage(const cBuffer& source) {
+  if (source.block == nullptr) return false;
+  PlainAttribute found;
+  for (const char* at = source.unread();; at = found.next) {
+    const int code = scanPlain(at, source.unreadEnd(), found);
+    if (code == kAttNoMore) return true;
+    if (code == kAttOdd) return false;
+    const std::string_view value(found.value, found.valueLength);
+    if (code == kAttId && value.find(kPageMarker) != value.npos) return false;
+  }
+}
+
 /// A page is told by an id that holds the marker.
 bool Enumeration::standsOnOtherPage() {
-  if (reader_.hasAttributes == 0) return false;
+  if (reader_.hasAttributes == 0 || namesNoPage(reader_.buffer)) return false;
   bool isOther = false;
   readAttributesQuietly(reader_, [&](int code, const _svg_attrib_pair* pair) {
     if (code != kAttId || std::strstr(pair->value, kPageMarker) == nullptr) return;

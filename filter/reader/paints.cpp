@@ -3,7 +3,9 @@
 #include "reader/paints.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
+#include <string_view>
 
 #include "model/characters.h"
 #include "model/name_tables.h"
@@ -25,23 +27,33 @@ bool startsWith(const char* text, const char* word) {
   return true;
 }
 
+constexpr int kHexBase = 16;
+
+/// By byte.
+constexpr auto kHexDigits = [] {
+  constexpr std::string_view kLower = "0123456789abcdef";
+  constexpr std::string_view kUpper = "0123456789ABCDEF";
+  std::array<std::int8_t, 256> digits{};
+  digits.fill(-1);
+  for (std::size_t i = 0; i < kHexBase; ++i) {
+    for (const char c : {kLower[i], kUpper[i]}) {
+      digits[static_cast<std::size_t>(c)] = static_cast<std::int8_t>(i);
+    }
+  }
+  return digits;
+}();
+
 /// The hexadecimal digit, or -1.
-int hexDigit(char c) {
-  constexpr int kTen = 10;
-  if (isDigit(c)) return c - '0';
-  const char letter = lower(c);
-  return letter >= 'a' && letter <= 'f' ? letter - 'a' + kTen : -1;
-}
+int hexDigit(char c) { return kHexDigits[static_cast<unsigned char>(c)]; }
 
 /// Two digits, or as many as stand there; a blank or a plus in front of one is passed over. -1 when
 /// there is none.
 int hexPair(const char* text) {
-  constexpr int kBase = 16;
   if (isWhite(text[0]) || text[0] == '+') return hexDigit(text[1]);
   const int first = hexDigit(text[0]);
   if (first < 0) return -1;
   const int second = hexDigit(text[1]);
-  return second < 0 ? first : first * kBase + second;
+  return second < 0 ? first : first * kHexBase + second;
 }
 
 int doubledHexDigit(const char* text) {
@@ -50,9 +62,25 @@ int doubledHexDigit(const char* text) {
   return digit < 0 ? -1 : digit * kTwice;
 }
 
+/// The usual form: six digits. False, with nothing stored, for any other.
+bool readSixDigits(const char* at, int* const (&channels)[kChannels]) {
+  int values[kChannels];
+  for (int& value : values) {
+    const int first = hexDigit(at[0]);
+    if (first < 0) return false;
+    const int second = hexDigit(at[1]);
+    if (second < 0) return false;
+    value = first * kHexBase + second;
+    at += 2;
+  }
+  for (int i = 0; i < kChannels; ++i) *channels[i] = values[i];
+  return true;
+}
+
 /// "#rgb" or "#rrggbb"; false where a channel does not scan. The channels before it are stored.
 bool readHexColor(const char* text, int* const (&channels)[kChannels]) {
   constexpr std::size_t kShortSize = 4;
+  if (readSixDigits(text + 1, channels)) return true;
   const bool isLong = std::strlen(text) > kShortSize;
   const char* at = text + 1;
   for (int* channel : channels) {
@@ -82,9 +110,10 @@ int readComponent(const char*& at) {
 
 /// Black and white change places.
 void exchangeBlackAndWhite(int& red, int& green, int& blue) {
-  if (red == 0 && green == 0 && blue == 0) {
+  const int any = red | green | blue;
+  if (any == 0) {
     red = green = blue = kChannelMax;
-  } else if (red == kChannelMax && green == kChannelMax && blue == kChannelMax) {
+  } else if (any == kChannelMax && (red & green & blue) == kChannelMax) {
     red = green = blue = 0;
   }
 }
@@ -138,7 +167,15 @@ class RgbText {
 
 }  // namespace
 
-bool isReference(const char* paint) { return startsWith(paint, "url"); }
+bool isReference(const char* paint) { return lower(*paint) == 'u' && startsWith(paint, "url"); }
+
+_svg_color parseColor(CHandlerReader& reader, _svg_attrib_pair* pair) {
+  int red = 0;
+  int green = 0;
+  int blue = 0;
+  reader.GetSVGColorPatt(red, green, blue, pair);
+  return {red, green, blue, 0};
+}
 
 _svg_gradient* referencedGradient(const Map<_svg_gradient>& gradients, const char* paint) {
   char* text = referenceText(paint);
@@ -149,7 +186,7 @@ _svg_gradient* referencedGradient(const Map<_svg_gradient>& gradients, const cha
 
 CurrentColor::CurrentColor(CHandlerReader& reader, _svg_pa_graphics* group, _svg_attrib_pair* pair)
     : pair_(pair) {
-  if (group == nullptr || !hasValue(pair) || !equalsNoCase(pair->value, "currentcolor")) return;
+  if (group == nullptr || !namesCurrentColor(pair)) return;
   std::memcpy(text_, pair->value, std::strlen(pair->value) + 1);
   local_.name[0] = '\0';
   local_.value = text_;
@@ -206,7 +243,7 @@ int CHandlerReader::SetFillPatt(_svg_pa_fill* group, _svg_attrib_pair* pair) {
   }
   freeAll(group->fillUrl);
   group->fillGradient = nullptr;
-  if (equalsNoCase(pair->value, "none")) {
+  if (isKeyword(pair->value, "none")) {
     group->fillOpacity = 0.0;
     return 0;
   }
@@ -226,7 +263,7 @@ int CHandlerReader::SetStrokePatt(_svg_pa_stroke* group, _svg_attrib_pair* pair)
   }
   freeAll(group->strokeUrl);
   group->strokeGradient = nullptr;
-  group->strokePresent = equalsNoCase(pair->value, "none") ? 0 : 1;
+  group->strokePresent = isKeyword(pair->value, "none") ? 0 : 1;
   group->strokeColor = parseColor(*this, pair);
   return 0;
 }

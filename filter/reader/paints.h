@@ -9,13 +9,7 @@
 namespace egfsvg {
 
 /// A value that does not scan stores what was read of it.
-inline _svg_color parseColor(CHandlerReader& reader, _svg_attrib_pair* pair) {
-  int red = 0;
-  int green = 0;
-  int blue = 0;
-  reader.GetSVGColorPatt(red, green, blue, pair);
-  return {red, green, blue, 0};
-}
+_svg_color parseColor(CHandlerReader& reader, _svg_attrib_pair* pair);
 
 template <class Group>
 int setColor(CHandlerReader& reader, _svg_color Group::*field, Group* group,
@@ -30,6 +24,10 @@ bool isReference(const char* paint);
 
 /// The gradient that such a paint names, or null.
 _svg_gradient* referencedGradient(const Map<_svg_gradient>& gradients, const char* paint);
+
+inline bool namesCurrentColor(const _svg_attrib_pair* pair) {
+  return hasValue(pair) && isKeyword(pair->value, "currentcolor");
+}
 
 /// A pair in which "currentColor" stands for the colour of the group. The given pair is never
 /// written to: it may belong to a rule that other elements use.

@@ -3,8 +3,9 @@
 
 #include "model/lifecycle.h"
 #include "model/rmm_allocator.h"
-#include "reader/attribute_loop.h"
+#include "reader/attribute_rows.h"
 #include "reader/release.h"
+#include "reader/reports.h"
 #include "reader/svg_handlerreader.h"
 
 using namespace egfsvg;  // NOLINT: tag codes all over
@@ -64,14 +65,9 @@ Owned<Record> openRecord(CHandlerReader& reader, void (*init)(Record*), _svg_com
 }
 
 /// False at a syntax error.
-template <auto Setter, class Record>
-bool applyAttributes(CHandlerReader& reader, Record* record) {
-  if (reader.hasAttributes == 0) return true;
-  const int ended = readAttributes(reader, [&reader, record](int code, _svg_attrib_pair* pair) {
-    (reader.*Setter)(record, code, pair);
-  });
-  if (ended == kAttNoMore) return true;
-  reportElement(reader, Diagnostic::kSyntaxError, record->head.type, RMM_SITE);
+bool readOwnAttributes(CHandlerReader& reader, const ElementRow& row, _svg_common* record) {
+  if (reader.hasAttributes == 0 || row.applyAll(reader, record) == kAttNoMore) return true;
+  reportElement(reader, Diagnostic::kSyntaxError, record->type, RMM_SITE);
   return false;
 }
 
@@ -130,7 +126,7 @@ _svg_common* CHandlerReader::ParseSVGTagData(_svg_common* parent, _svg_svg** slo
   if (!mayNest(type)) return nullptr;
   Owned<_svg_svg> record = openRecord(*this, initSVGObj, parent, type, svgCount, kTagSvg);
   if (record == nullptr) return nullptr;
-  if (!applyAttributes<&CHandlerReader::SetSVGAttribute>(*this, record.get())) return nullptr;
+  if (!readOwnAttributes(*this, kSvgRow, &record->head)) return nullptr;
   if (parent != nullptr && parent->type == kTagUse) {
     const _svg_common* use = _getParentObj(parent);
     if (use != nullptr) takeUseSize(*record, *reinterpret_cast<const _svg_group*>(use));
@@ -151,7 +147,7 @@ _svg_common* CHandlerReader::ParseGroupTagData(_svg_common* parent, _svg_group**
   if (isUse == 0 && !mayNest(type)) return nullptr;
   Owned<_svg_group> record = openRecord(*this, initGroupObj, parent, type, groupCount, kTagGroup);
   if (record == nullptr) return nullptr;
-  if (!applyAttributes<&CHandlerReader::SetGroupAttribute>(*this, record.get())) return nullptr;
+  if (!readOwnAttributes(*this, kGroupRow, &record->head)) return nullptr;
   // A markup group stands outside the table: its owner is the caller.
   if (isUse == 0 && record->head.classCount > 0 && _setMarkupGroupType(record.get()) == 1) {
     *slot = record.release();
@@ -169,7 +165,7 @@ _svg_common* CHandlerReader::ParseSwitchTagData(_svg_common* parent, _svg_switch
   Owned<_svg_switch> record =
       openRecord(*this, initSwitch, parent, kTagSwitch, switchCount, kTagSwitch);
   if (record == nullptr) return parent;
-  if (!applyAttributes<&CHandlerReader::SetSwitchAttribute>(*this, record.get())) return parent;
+  if (!readOwnAttributes(*this, kSwitchRow, &record->head)) return parent;
   _svg_switch* entered = enter(*this, switches, std::move(record));
   if (entered == nullptr) return parent;
   ++switchCount;

@@ -60,7 +60,7 @@ inline bool hasValue(const _svg_attrib_pair* pair) {
 }
 
 inline bool isInherit(const _svg_attrib_pair* pair) {
-  return hasValue(pair) && equalsNoCase(pair->value, "inherit");
+  return hasValue(pair) && isKeyword(pair->value, "inherit");
 }
 
 template <class Group>

@@ -65,6 +65,7 @@ template <auto Setter>
 constexpr PresentationRow paint(std::int32_t code) {
   return {code, groupOf(Setter), inheritWordOf(Setter),
           [](Reader& reader, const Target& target, void* group, Pair* pair) {
+            if (!namesCurrentColor(pair)) return call(reader, Setter, target, group, pair);
             auto* graphics = target.groups->find<_svg_pa_graphics>(target.record);
             CurrentColor value(reader, graphics, pair);
             call(reader, Setter, target, group, value.pair());

@@ -13,7 +13,8 @@ constexpr std::uint32_t kDeepestReferences = 1024;
 
 }  // namespace
 
-SpareBlocks::Block SpareBlocks::take(std::int32_t size) {
+/// Blocks that are too small go.
+SpareBlocks::Block SpareBlocks::takeAnother(std::int32_t size) {
   while (count_ > 0) {
     const Block block = blocks_[--count_];
     if (block.size >= size) return block;
@@ -23,14 +24,7 @@ SpareBlocks::Block SpareBlocks::take(std::int32_t size) {
   return {memory, memory == nullptr ? 0 : size};
 }
 
-void SpareBlocks::giveBack(Block block) {
-  if (block.memory == nullptr) return;
-  if (count_ == kMost || block.size > kLargestKept) {
-    RMM_Free(block.memory);
-  } else {
-    blocks_[count_++] = block;
-  }
-}
+void SpareBlocks::release(Block block) { freeAll(block.memory); }
 
 void SpareBlocks::clear() {
   while (count_ > 0) RMM_Free(blocks_[--count_].memory);
@@ -59,18 +53,5 @@ void ReaderState::beginSecondPass() {
   reporting = settings.diagnostics;
   gaugeThreshold = 0;
 }
-
-ScratchPair::ScratchPair(ReaderState& lender) : state(lender) {
-  const SpareBlocks::Block block = state.values.take(kAttribValueSize);
-  pair.value = block.memory;
-  pair.valueSize = block.size;
-  if (block.memory == nullptr) {
-    state.outOfMemory = true;
-  } else {
-    clear();
-  }
-}
-
-ScratchPair::~ScratchPair() { state.values.giveBack({pair.value, pair.valueSize}); }
 
 }  // namespace egfsvg

@@ -41,14 +41,26 @@ class SpareBlocks {
   SpareBlocks& operator=(const SpareBlocks&) = delete;
 
   /// A block of at least `size` bytes, with null memory when there is none to have.
-  Block take(std::int32_t size);
+  Block take(std::int32_t size) {
+    const bool isThere = count_ > 0 && blocks_[count_ - 1].size >= size;
+    return isThere ? blocks_[--count_] : takeAnother(size);
+  }
   /// Takes a block back, or frees it.
-  void giveBack(Block block);
+  void giveBack(Block block) {
+    if (block.memory != nullptr && count_ < kMost && block.size <= kLargestKept) {
+      blocks_[count_++] = block;
+    } else {
+      release(block);
+    }
+  }
   void clear();
 
  private:
   static constexpr int kMost = 4;                        // blocks kept
   static constexpr std::int32_t kLargestKept = 1 << 20;  // bytes
+
+  Block takeAnother(std::int32_t size);
+  static void release(Block block);
 
   Block blocks_[kMost] = {};
   int count_ = 0;
@@ -81,8 +93,17 @@ struct ReaderState {
 
 /// An attribute pair whose value block is lent by the reader.
 struct ScratchPair {
-  explicit ScratchPair(ReaderState& state);
-  ~ScratchPair();
+  explicit ScratchPair(ReaderState& lender) : state(lender) {
+    const SpareBlocks::Block block = state.values.take(kAttribValueSize);
+    pair.value = block.memory;
+    pair.valueSize = block.size;
+    if (block.memory == nullptr) {
+      state.outOfMemory = true;
+    } else {
+      clear();
+    }
+  }
+  ~ScratchPair() { state.values.giveBack({pair.value, pair.valueSize}); }
   ScratchPair(const ScratchPair&) = delete;
   ScratchPair& operator=(const ScratchPair&) = delete;
 

@@ -107,15 +107,16 @@ constexpr ElementRow containerRow(std::span<const CodeRange> presentation,
   return {GroupOffsets::of<Record>(), presentation, kElementActions<Record, Style>, own};
 }
 
-constexpr ElementRow kSvg = containerRow<_svg_svg, setOwnStyle>(kEveryProperty, kSvgActions);
-constexpr ElementRow kGroup = containerRow<_svg_group, setOwnStyle>(kEveryProperty, kGroupActions);
-constexpr ElementRow kDefs{GroupOffsets::of<_svg_defs>(), kEveryProperty, kDefsActions, {}};
-// Kept: the style attributes of these two go by the codes of `svg` and `image`.
-constexpr ElementRow kSwitch = containerRow<_svg_switch, setStyle<kTagSvg>>(kEveryProperty, {});
-constexpr ElementRow kLink =
-    containerRow<_svg_a, setStyle<kTagImage>>(kLinkProperties, kLinkActions);
-
 }  // namespace
+
+constexpr ElementRow kSvgRow = containerRow<_svg_svg, setOwnStyle>(kEveryProperty, kSvgActions);
+constexpr ElementRow kGroupRow =
+    containerRow<_svg_group, setOwnStyle>(kEveryProperty, kGroupActions);
+constexpr ElementRow kDefsRow{GroupOffsets::of<_svg_defs>(), kEveryProperty, kDefsActions, {}};
+// Kept: the style attributes of these two go by the codes of `svg` and `image`.
+constexpr ElementRow kSwitchRow = containerRow<_svg_switch, setStyle<kTagSvg>>(kEveryProperty, {});
+constexpr ElementRow kLinkRow =
+    containerRow<_svg_a, setStyle<kTagImage>>(kLinkProperties, kLinkActions);
 
 constexpr ElementRow kLinkStyleRow =
     containerRow<_svg_a, setStyle<kTagImage>>(kImageProperties, {});
@@ -125,21 +126,21 @@ constexpr ElementRow kSwitchStyleRow =
 }  // namespace egfsvg
 
 int CHandlerReader::SetSVGAttribute(_svg_svg* record, int attType, _svg_attrib_pair* pair) {
-  return egfsvg::applyAttribute(*this, egfsvg::kSvg, record, attType, pair);
+  return egfsvg::applyAttribute(*this, egfsvg::kSvgRow, record, attType, pair);
 }
 
 int CHandlerReader::SetGroupAttribute(_svg_group* record, int attType, _svg_attrib_pair* pair) {
-  return egfsvg::applyAttribute(*this, egfsvg::kGroup, record, attType, pair);
+  return egfsvg::applyAttribute(*this, egfsvg::kGroupRow, record, attType, pair);
 }
 
 int CHandlerReader::SetDefsAttribute(_svg_defs* record, int attType, _svg_attrib_pair* pair) {
-  return egfsvg::applyAttribute(*this, egfsvg::kDefs, record, attType, pair);
+  return egfsvg::applyAttribute(*this, egfsvg::kDefsRow, record, attType, pair);
 }
 
 int CHandlerReader::SetSwitchAttribute(_svg_switch* record, int attType, _svg_attrib_pair* pair) {
-  return egfsvg::applyAttribute(*this, egfsvg::kSwitch, record, attType, pair);
+  return egfsvg::applyAttribute(*this, egfsvg::kSwitchRow, record, attType, pair);
 }
 
 int CHandlerReader::SetLinkObjAttribute(_svg_a* record, int attType, _svg_attrib_pair* pair) {
-  return egfsvg::applyAttribute(*this, egfsvg::kLink, record, attType, pair);
+  return egfsvg::applyAttribute(*this, egfsvg::kLinkRow, record, attType, pair);
 }

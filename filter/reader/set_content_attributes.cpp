@@ -126,14 +126,6 @@ constexpr ActionRow kStopActions[] = {{kAttId, setIdentifier},
                                       {kAttOffset, setOffset},
                                       {kAttStopColor, setStopColor<_svg_stop>}};
 
-constexpr ElementRow kImage{GroupOffsets::of<_svg_image>(), kImageProperties,
-                            kElementActions<_svg_image, setStyle<kTagImage>>, kImageActions};
-constexpr ElementRow kText{GroupOffsets::of<_svg_text>(), kTextProperties,
-                           kElementActions<_svg_text, setStyle<kTagText>>, kTextActions};
-constexpr ElementRow kGradient{
-    GroupOffsets::of<_svg_gradient>(), kGradientProperties, kGradientActions, {}};
-constexpr ElementRow kStop{GroupOffsets::of<_svg_stop>(), kStopProperties, kStopActions, {}};
-
 void setStyleType(Reader& reader, void* record, Pair* pair) {
   reader.SetContentStyleTypeAtt(&static_cast<_svg_style_props*>(record)->contentType, pair);
 }
@@ -163,23 +155,31 @@ constexpr ElementRow kStyleTag{GroupOffsets{}, {}, kStyleActions, {}};
 
 }  // namespace
 
+constexpr ElementRow kImageRow{GroupOffsets::of<_svg_image>(), kImageProperties,
+                               kElementActions<_svg_image, setStyle<kTagImage>>, kImageActions};
+constexpr ElementRow kTextRow{GroupOffsets::of<_svg_text>(), kTextProperties,
+                              kElementActions<_svg_text, setStyle<kTagText>>, kTextActions};
+constexpr ElementRow kGradientRow{
+    GroupOffsets::of<_svg_gradient>(), kGradientProperties, kGradientActions, {}};
+constexpr ElementRow kStopRow{GroupOffsets::of<_svg_stop>(), kStopProperties, kStopActions, {}};
+
 }  // namespace egfsvg
 
 int CHandlerReader::SetImageAttribute(_svg_image* record, int attType, _svg_attrib_pair* pair) {
-  return egfsvg::applyAttribute(*this, egfsvg::kImage, record, attType, pair);
+  return egfsvg::applyAttribute(*this, egfsvg::kImageRow, record, attType, pair);
 }
 
 int CHandlerReader::SetTextAttribute(_svg_text* record, int attType, _svg_attrib_pair* pair) {
-  return egfsvg::applyAttribute(*this, egfsvg::kText, record, attType, pair);
+  return egfsvg::applyAttribute(*this, egfsvg::kTextRow, record, attType, pair);
 }
 
 int CHandlerReader::SetGradientObjAttribute(_svg_gradient* record, int attType,
                                             _svg_attrib_pair* pair) {
-  return egfsvg::applyAttribute(*this, egfsvg::kGradient, record, attType, pair);
+  return egfsvg::applyAttribute(*this, egfsvg::kGradientRow, record, attType, pair);
 }
 
 int CHandlerReader::SetStopObjAttribute(_svg_stop* record, int attType, _svg_attrib_pair* pair) {
-  return egfsvg::applyAttribute(*this, egfsvg::kStop, record, attType, pair);
+  return egfsvg::applyAttribute(*this, egfsvg::kStopRow, record, attType, pair);
 }
 
 int CHandlerReader::SetStyleTagAttribute(_svg_style_props* record, int attType,

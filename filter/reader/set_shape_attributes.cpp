@@ -81,44 +81,46 @@ constexpr ElementRow shapeRow(std::span<const CodeRange> presentation,
   return {GroupOffsets::of<Record>(), presentation, kElementActions<Record, setStyle<Type>>, own};
 }
 
-constexpr ElementRow kRect = shapeRow<_svg_rect, kTagRect>(kFilledShape, kRectActions);
-constexpr ElementRow kCircle = shapeRow<_svg_circle, kTagCircle>(kFilledShape, kCircleActions);
-constexpr ElementRow kEllipse = shapeRow<_svg_ellipse, kTagEllipse>(kFilledShape, kEllipseActions);
-constexpr ElementRow kLine = shapeRow<_svg_line, kTagLine>(kMarkedShape, kLineActions);
-constexpr ElementRow kPolyline =
-    shapeRow<_svg_polyline, kTagPolyline>(kMarkedShape, kPolylineActions);
-constexpr ElementRow kPolygon = shapeRow<_svg_polygon, kTagPolygon>(kMarkedShape, kPolygonActions);
-constexpr ElementRow kPath = shapeRow<_svg_path, kTagPath>(kMarkedShape, kPathActions);
-
 }  // namespace
+
+constexpr ElementRow kRectRow = shapeRow<_svg_rect, kTagRect>(kFilledShape, kRectActions);
+constexpr ElementRow kCircleRow = shapeRow<_svg_circle, kTagCircle>(kFilledShape, kCircleActions);
+constexpr ElementRow kEllipseRow =
+    shapeRow<_svg_ellipse, kTagEllipse>(kFilledShape, kEllipseActions);
+constexpr ElementRow kLineRow = shapeRow<_svg_line, kTagLine>(kMarkedShape, kLineActions);
+constexpr ElementRow kPolylineRow =
+    shapeRow<_svg_polyline, kTagPolyline>(kMarkedShape, kPolylineActions);
+constexpr ElementRow kPolygonRow =
+    shapeRow<_svg_polygon, kTagPolygon>(kMarkedShape, kPolygonActions);
+constexpr ElementRow kPathRow = shapeRow<_svg_path, kTagPath>(kMarkedShape, kPathActions);
 
 }  // namespace egfsvg
 
 int CHandlerReader::SetRectAttribute(_svg_rect* record, int attType, _svg_attrib_pair* pair) {
-  return egfsvg::applyAttribute(*this, egfsvg::kRect, record, attType, pair);
+  return egfsvg::applyAttribute(*this, egfsvg::kRectRow, record, attType, pair);
 }
 
 int CHandlerReader::SetCircleAttribute(_svg_circle* record, int attType, _svg_attrib_pair* pair) {
-  return egfsvg::applyAttribute(*this, egfsvg::kCircle, record, attType, pair);
+  return egfsvg::applyAttribute(*this, egfsvg::kCircleRow, record, attType, pair);
 }
 
 int CHandlerReader::SetEllipseAttribute(_svg_ellipse* record, int attType, _svg_attrib_pair* pair) {
-  return egfsvg::applyAttribute(*this, egfsvg::kEllipse, record, attType, pair);
+  return egfsvg::applyAttribute(*this, egfsvg::kEllipseRow, record, attType, pair);
 }
 
 int CHandlerReader::SetLineAttribute(_svg_line* record, int attType, _svg_attrib_pair* pair) {
-  return egfsvg::applyAttribute(*this, egfsvg::kLine, record, attType, pair);
+  return egfsvg::applyAttribute(*this, egfsvg::kLineRow, record, attType, pair);
 }
 
 int CHandlerReader::SetPolylineAttribute(_svg_polyline* record, int attType,
                                          _svg_attrib_pair* pair) {
-  return egfsvg::applyAttribute(*this, egfsvg::kPolyline, record, attType, pair);
+  return egfsvg::applyAttribute(*this, egfsvg::kPolylineRow, record, attType, pair);
 }
 
 int CHandlerReader::SetPolygonAttribute(_svg_polygon* record, int attType, _svg_attrib_pair* pair) {
-  return egfsvg::applyAttribute(*this, egfsvg::kPolygon, record, attType, pair);
+  return egfsvg::applyAttribute(*this, egfsvg::kPolygonRow, record, attType, pair);
 }
 
 int CHandlerReader::SetPathAttribute(_svg_path* record, int attType, _svg_attrib_pair* pair) {
-  return egfsvg::applyAttribute(*this, egfsvg::kPath, record, attType, pair);
+  return egfsvg::applyAttribute(*this, egfsvg::kPathRow, record, attType, pair);
 }

@@ -3,6 +3,7 @@
 #include <cstring>
 #include <string_view>
 
+#include "model/byte_block.h"
 #include "model/characters.h"
 #include "model/rmm_allocator.h"
 #include "reader/svg_handlerreader.h"
@@ -39,11 +40,11 @@ CommentStep stepPastOpener(SourceCursor& source, int& byte) {
 class ClosedTest {
  public:
   void feed(std::string_view piece) {
-    const std::size_t slash = piece.rfind('/');
-    if (slash != piece.npos) {
+    const char* const end = piece.data() + piece.size();
+    if (const char* slash = egfsvg::findLastByte(piece.data(), end, '/')) {
       pending_ = true;
       closed_ = false;
-      piece.remove_prefix(slash + 1);
+      piece = {slash + 1, end};
     }
     for (std::size_t i = 0; pending_ && i < piece.size(); ++i) {
       if (egfsvg::isWhite(piece[i])) continue;
@@ -105,8 +106,13 @@ char* CHandlerReader::ParseCDATA(unsigned long* length) {
 }
 
 int CHandlerReader::isSVGTagClosed(int start, int end) {
-  if (buffer.getFileIndex() != start) buffer.setFileIndex(start);
   ClosedTest test;
+  if (const char* stretch = buffer.keptBytes(start, end)) {
+    test.feed({stretch, static_cast<std::size_t>(end - start)});
+    buffer.setFileIndex(end);
+    return test.closed() ? 1 : 0;
+  }
+  if (buffer.getFileIndex() != start) buffer.setFileIndex(start);
   SourceCursor source(buffer);
   for (std::int32_t left = end - start; left > 0;) {
     if (source.peek() == kSourceEnd) break;

@@ -51,6 +51,10 @@ class CHandlerReader {
 
   // Tag and attribute stream (tag_scanner.cpp, attribute_scanner.cpp, skipped_text.cpp).
   int GetNextTag(int* index);
+  int takeTag(const char* opener, int* index);
+  [[gnu::noinline]] int takeOtherTag(int* index);
+  [[gnu::noinline]] int takeOtherTagOrReference(int* index, char** name);
+  int takeTagOrReference(int* index, char** name);  // a tag; or kTagEntityReference with the name
   int GetNextPoiterTag(char** name);
   int GetNextAttribPair(_svg_attrib_pair* pair);
   int GetNextAttribPair(char** text, _svg_attrib_pair* pair);

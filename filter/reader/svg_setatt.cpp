@@ -1,22 +1,65 @@
 // The dispatch of attributes and what all elements share of it.
 
+#include "reader/attribute_loop.h"
 #include "reader/attribute_rows.h"
+#include "reader/plain_attributes.h"
 #include "reader/presentation_table.h"
 
 namespace egfsvg {
 
-void ElementRow::apply(CHandlerReader& reader, void* record, std::int32_t code,
-                       _svg_attrib_pair* pair) const {
-  if (code < 0 || static_cast<std::size_t>(code) >= kAttributeCodes) return;
-  const std::size_t slot = slots_[static_cast<std::size_t>(code)];
-  if (slot == 0) return;
+void ElementRow::run(CHandlerReader& reader, void* record, std::int32_t code, std::uint8_t slot,
+                     _svg_attrib_pair* pair) const {
   if (slot == kPresentationSlot) {
     const auto* head = static_cast<_svg_common*>(record);
     applyPresentation(reader, {head->parent, record, &groups_}, code, pair);
-  } else if (slot <= common_.size()) {
-    common_[slot - 1].run(reader, record, pair);
   } else {
-    own_[slot - 1 - common_.size()].run(reader, record, pair);
+    actions_[slot](reader, record, pair);
+  }
+}
+
+void ElementRow::apply(CHandlerReader& reader, void* record, std::int32_t code,
+                       _svg_attrib_pair* pair) const {
+  if (const std::uint8_t slot = slotOf(code)) run(reader, record, code, slot, pair);
+}
+
+/// One attribute of an odd form. False at the end of the tag and at a syntax error, which `code`
+/// is.
+bool ElementRow::applyOdd(CHandlerReader& reader, void* record, _svg_attrib_pair* pair,
+                          int& code) const {
+  code = reader.GetNextAttribPair(pair);
+  if (code == kAttNoMore || code == kAttSyntaxError) return false;
+  if (code == kAttUnknown) reportUnknownName(reader, pair->name);
+  apply(reader, record, code, pair);
+  return true;
+}
+
+/// Setters leave the source alone, so that the walk goes on where it is.
+int ElementRow::applyAll(CHandlerReader& reader, void* record) const {
+  ScratchPair scratch(reader.state);
+  if (!scratch.hasValue()) return kAttSyntaxError;
+  cBuffer& source = reader.buffer;
+  const char* at = source.unread();
+  const char* end = source.unreadEnd();
+  for (;;) {
+    PlainAttribute found;
+    int code = at == end ? kAttOdd : scanPlain(at, end, found);
+    if (code == kAttOdd) [[unlikely]] {
+      if (!applyOdd(reader, record, &scratch.pair, code)) return code;
+      at = source.unread();
+      end = source.unreadEnd();
+      continue;
+    }
+    source.take(found.next - at);
+    if (code == kAttNoMore) return code;
+    at = found.next;
+    reader.stepGauge();
+    if (const std::uint8_t slot = slotOf(code)) [[likely]] {
+      fillPair(found, scratch.pair);
+      run(reader, record, code, slot, &scratch.pair);
+    } else if (code == kAttUnknown && reader.state.reporting) {
+      fillPair(found, scratch.pair);
+      reportUnknownName(reader, scratch.pair.name);
+    }
   }
 }
 

@@ -7,6 +7,7 @@
 #include "model/characters.h"
 #include "model/name_tables.h"
 #include "model/rmm_allocator.h"
+#include "model/short_name_tables.h"
 #include "reader/scan_classes.h"
 #include "reader/svg_handlerreader.h"
 
@@ -35,25 +36,44 @@ struct TagName {
 /// On to `wanted`, which is taken; false at the end of the source.
 bool skipPast(SourceCursor& source, char wanted) {
   do {
-    const auto left = static_cast<std::size_t>(source.end() - source.at());
-    const void* hit = left == 0 ? nullptr : std::memchr(source.at(), wanted, left);
-    if (hit != nullptr) {
-      source.moveTo(static_cast<const char*>(hit) + 1);
+    const char* const hit = egfsvg::findByte(source.at(), source.end(), wanted);
+    if (hit != source.end()) {
+      source.moveTo(hit + 1);
       return true;
     }
-    source.moveTo(source.end());
+    source.moveTo(hit);
   } while (source.refill());
   return false;
+}
+
+/// A tag in its usual form: known, and its name whole in the block.
+struct KnownTag {
+  int code;
+  int length;  // of its name
+  char last;   // the byte that ends the name
+};
+
+/// Looks at the tag that an opener in the block may begin. False for any other than a known one.
+inline bool scanKnownTag(const char* opener, KnownTag& tag) {
+  const char* const name = opener + 1;
+  const auto block = egfsvg::ByteBlock::load(name);
+  // The zero byte behind the block ends a name, too, but is no usual end.
+  const egfsvg::ByteMask ends = block.upTo(' ') | block.equal('>');
+  if (ends == 0) return false;
+  const std::size_t length = egfsvg::firstOf(ends);
+  tag.length = static_cast<int>(length);
+  tag.last = name[length];
+  return egfsvg::kShortTags.find(block, length, tag.code) &&
+         egfsvg::isScanned(tag.last, egfsvg::kEndsTagName);
 }
 
 /// A tag whose name is plain and stands whole in the block: taken, up to the end of its name.
 /// False, with nothing taken, for any other.
 bool readPlainTag(cBuffer& source, TagName& name) {
-  const char* const first = source.unread();
   const char* const end = source.unreadEnd();
-  const void* opener = first == end ? nullptr : std::memchr(first, '<', std::size_t(end - first));
-  if (opener == nullptr) return false;
-  name.first = static_cast<const char*>(opener) + 1;
+  const char* const opener = egfsvg::findByte(source.unread(), end, '<');
+  if (opener == end) return false;
+  name.first = opener + 1;
   const char* at = name.first;
   // The zero byte behind the block ends the walk.
   while (!egfsvg::isScanned(*at, egfsvg::kEndsTagName | egfsvg::kOddInTagName)) ++at;
@@ -115,7 +135,8 @@ void reportUnknown(const TagName& name, std::int32_t tagIndex) {
 
 }  // namespace
 
-int CHandlerReader::GetNextTag(int* index) {
+/// Any tag but a plain one.
+int CHandlerReader::takeOtherTag(int* index) {
   for (;;) {
     TagName name;
     if (!readPlainTag(buffer, name) && !readOddTag(buffer, name)) return egfsvg::kTagEnd;
@@ -130,6 +151,37 @@ int CHandlerReader::GetNextTag(int* index) {
   }
 }
 
+/// The tag whose opener, in the block, has been found, or the next.
+inline int CHandlerReader::takeTag(const char* opener, int* index) {
+  KnownTag tag;
+  if (!scanKnownTag(opener, tag)) return takeOtherTag(index);
+  buffer.takeTo(opener + tag.length + 2);
+  if (index != nullptr) *index = buffer.fileIndex - tag.length - 2;
+  hasAttributes = tag.last == '>' ? 0 : 1;
+  stepGauge();
+  return tag.code;
+}
+
+int CHandlerReader::GetNextTag(int* index) {
+  const char* const end = buffer.unreadEnd();
+  const char* const opener = egfsvg::findByte(buffer.unread(), end, '<');
+  return opener == end ? takeOtherTag(index) : takeTag(opener, index);
+}
+
+/// Both of the others in one step.
+int CHandlerReader::takeTagOrReference(int* index, char** name) {
+  const char* const end = buffer.unreadEnd();
+  const char* const opener = egfsvg::findEither(buffer.unread(), end, '<', '&');
+  const bool isTag = opener != end && *opener == '<';
+  return isTag ? takeTag(opener, index) : takeOtherTagOrReference(index, name);
+}
+
+int CHandlerReader::takeOtherTagOrReference(int* index, char** name) {
+  const int code = GetNextPoiterTag(name);
+  return code == egfsvg::kTagEntityReference ? code : GetNextTag(index);
+}
+
+/// On to the next "<", or behind the next reference, whose name is given.
 int CHandlerReader::GetNextPoiterTag(char** name) {
   SourceCursor source(buffer);
   int byte;
