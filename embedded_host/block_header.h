@@ -10,9 +10,10 @@ namespace egfhost {
 
 enum class BlockState : std::uint8_t {
   kFree = 0,
-  kLive = 0xab,     // owned by whoever allocated it
-  kChowned = 0xad,  // owned by the document
-  kRetired = 0x51   // freed, but not yet given out again (sanitizer builds)
+  kLive = 0xab,      // owned by whoever allocated it
+  kChowned = 0xad,   // owned by the document
+  kUnlisted = 0x50,  // freed with a whole tree and in no list
+  kRetired = 0x51    // freed, but not yet given out again (sanitizer builds)
 };
 
 struct BlockHeader {

@@ -9,6 +9,7 @@
 #include "embedded_host/blocks.h"
 #include "embedded_host/fault.h"
 #include "embedded_host/host_memory.h"
+#include "embedded_host/tree_memory.h"
 
 namespace egfhost {
 
@@ -166,10 +167,14 @@ inline void retire(BlockHeader* header, std::size_t size) {
   if (oldest != nullptr) returnBlock(oldest);
 }
 
-inline void release(BlockHeader* header) {
-  const std::size_t size = sizeOf(header);
+inline void countFreed(std::size_t size) {
   state.bytes.fall(static_cast<std::int64_t>(size));
   state.blocks.fall(1);
+}
+
+inline void release(BlockHeader* header) {
+  const std::size_t size = sizeOf(header);
+  countFreed(size);
   poison(payloadOf(header), size);
   retire(header, size);
 }
@@ -258,6 +263,22 @@ void renewAllocationWatch() {
   const bool looks = faultsArmed || state.byteBudget != 0 || state.blockBudget != 0;
   unwatchedBelow = looks ? 0 : kSlotMax - kBlockOverhead + 1;
 }
+
+void freeWithTree(void* block) noexcept {
+  if (kPoisoning || !isLiveBlock(block)) {
+    RMM_Free(block);
+    return;
+  }
+  BlockHeader* const header = headerOf(block);
+  countFreed(sizeOf(header));
+  if (classOf(header) == kLargeClass) {
+    returnBlock(header);
+  } else {
+    giveUnlisted(header);
+  }
+}
+
+void endOfTree() noexcept { listTheUnlisted(); }
 
 MemoryCounters memoryCounters() {
   return {.liveBytes = state.bytes.live(),

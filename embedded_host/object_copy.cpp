@@ -2,6 +2,7 @@
 
 #include "embedded_host/host_rasters.h"
 #include "embedded_host/object_tree.h"
+#include "embedded_host/tree_memory.h"
 #include "host/memory.h"
 #include "host/palettes.h"
 
@@ -18,13 +19,17 @@ std::size_t bounded(std::int64_t count) {
   return count > 0 && count <= INT32_MAX ? static_cast<std::size_t>(count) : 0;
 }
 
+using FreeCall = void (*)(void*);
+
+template <FreeCall kFree>
 void freePalette(HostHandle handle) noexcept {
   auto* list = egfsvg::at<_sel_colour_list>(handle);
   if (list == nullptr) return;
-  RMM_Free(list->colours.get());
-  RMM_Free(list);
+  kFree(list->colours.get());
+  kFree(list);
 }
 
+template <FreeCall kFree>
 void freeOwned(_egf_obj* object) noexcept {
   for (const OwnedField& field : layoutOf(object).owned()) {
     const auto handle = readPacked<HostHandle>(object, field.offset);
@@ -32,9 +37,9 @@ void freeOwned(_egf_obj* object) noexcept {
     if (field.kind == FieldKind::kRaster) {
       releaseRaster(handle);
     } else if (field.kind == FieldKind::kPalette) {
-      freePalette(handle);
+      freePalette<kFree>(handle);
     } else {
-      RMM_Free(egfsvg::at<void>(handle));
+      kFree(egfsvg::at<void>(handle));
     }
   }
 }
@@ -91,6 +96,41 @@ _egf_obj* copyWithoutChildren(const _egf_obj* object) {
   return copy;
 }
 
+// A tree that is larger than the caches mostly stands in memory in the order of its objects: what
+// comes next is fetched while it is not needed yet.
+void fetchAhead(const _egf_obj* object) {
+  constexpr std::size_t kAhead = 3072;
+  constexpr std::size_t kCacheLine = 64;
+  constexpr std::size_t kLines = 4;
+  const char* const ahead = reinterpret_cast<const char*>(object) + kAhead;
+  for (std::size_t i = 0; i < kLines; ++i) __builtin_prefetch(ahead + i * kCacheLine);
+}
+
+// Goes down to the first leaf, along its siblings, then up: a container's first child is forgotten
+// when its last one is gone, so that it is a leaf itself.
+template <FreeCall kFree>
+void freeEach(_egf_obj* object) noexcept {
+  _egf_obj* at = object;
+  for (;;) {
+    fetchAhead(at);
+    if (_egf_obj* const child = firstChildOf(at)) {
+      at = child;
+      continue;
+    }
+    const bool isRoot = at == object;
+    _egf_obj* const next = at->next.get();
+    _egf_obj* const parent = at->parent.get();
+    freeOwned<kFree>(at);
+    kFree(at);
+    if (isRoot) return;
+    at = next;
+    if (next == nullptr) {
+      setChildren(parent, nullptr, nullptr);
+      at = parent;
+    }
+  }
+}
+
 }  // namespace
 
 std::size_t entriesOf(const _egf_obj* object, const egfsvg::FieldCount& count) {
@@ -133,27 +173,12 @@ _egf_obj* copyObject(const _egf_obj* object) {
   }
 }
 
-// Goes down to the first leaf, along its siblings, then up: a container's first child is forgotten
-// when its last one is gone, so that it is a leaf itself.
-void freeObject(_egf_obj* object) noexcept {
-  _egf_obj* at = object;
-  for (;;) {
-    if (_egf_obj* const child = firstChildOf(at)) {
-      at = child;
-      continue;
-    }
-    const bool isRoot = at == object;
-    _egf_obj* const next = at->next.get();
-    _egf_obj* const parent = at->parent.get();
-    freeOwned(at);
-    RMM_Free(at);
-    if (isRoot) return;
-    at = next;
-    if (next == nullptr) {
-      setChildren(parent, nullptr, nullptr);
-      at = parent;
-    }
-  }
+void freeObject(_egf_obj* object) noexcept { freeEach<RMM_Free>(object); }
+
+void freeTreeOf(_egf_obj* root) noexcept {
+  if (root == nullptr) return;
+  freeEach<freeWithTree>(root);
+  endOfTree();
 }
 
 }  // namespace egfhost

@@ -47,4 +47,7 @@ _egf_obj* copyObject(const _egf_obj* object);
 // Frees a loose object with all it owns.
 void freeObject(_egf_obj* object) noexcept;
 
+// The same for the root of a whole tree, where it is worth doing more at a time. Null is allowed.
+void freeTreeOf(_egf_obj* root) noexcept;
+
 }  // namespace egfhost

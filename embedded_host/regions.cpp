@@ -22,19 +22,21 @@ void spareTheRest() {
     pushSpare(smallBlocks.next, sizeClass);
     smallBlocks.next += kSizeClasses.slotSize[sizeClass];
     smallBlocks.room -= kSizeClasses.slotSize[sizeClass];
+    ++smallBlocks.regions[smallBlocks.open].slots;
   }
 }
 
 // From here on the region's count is that of its live blocks.
 void closeRegion() {
   const std::uint32_t region = smallBlocks.open;
+  RegionCounts& counts = smallBlocks.regions[region];
+  counts.slots = static_cast<std::uint16_t>(smallBlocks.carved);
+  counts.live = static_cast<std::uint16_t>(counts.live - kOpenBias + smallBlocks.carved);
   spareTheRest();
-  const std::uint32_t live = smallBlocks.live[region] - kOpenBias + smallBlocks.carved;
-  smallBlocks.live[region] = static_cast<std::uint16_t>(live);
   smallBlocks.open = 0;
   smallBlocks.room = 0;
   smallBlocks.carved = 0;
-  if (live == 0) releaseRegion(region);
+  if (counts.live == 0) releaseRegion(region);
 }
 
 EGFHOST_SEES_POISON void unlinkSpare(HostHandle slot, std::size_t sizeClass) {
@@ -57,16 +59,36 @@ bool openNewRegion() {
   smallBlocks.open = first / kRegionPages;
   smallBlocks.next = first << kPageShift;
   smallBlocks.room = kRegionSize;
-  smallBlocks.live[smallBlocks.open] = kOpenBias;
+  smallBlocks.regions[smallBlocks.open] = {kOpenBias, 0, 0, 0};
   return true;
 }
 
 void releaseRegion(std::size_t region) {
-  forEachSlot(region, [](BlockHeader* header) {
-    const auto slot = static_cast<HostHandle>(reinterpret_cast<char*>(header) - cageStart);
-    unlinkSpare(slot, classOf(header));
-  });
+  RegionCounts& counts = smallBlocks.regions[region];
+  if (counts.unlisted != counts.slots) {
+    forEachSlot(region, [](BlockHeader* header) {
+      if (stateOf(header) != BlockState::kUnlisted) unlinkSpare(slotOf(header), classOf(header));
+    });
+  }
+  counts.unlisted = 0;
   releaseRun(static_cast<std::uint32_t>(region * kRegionPages));
+}
+
+void listTheUnlisted() {
+  std::uint16_t region = smallBlocks.firstUnlisted;
+  smallBlocks.firstUnlisted = 0;
+  while (region != 0) {
+    RegionCounts& counts = smallBlocks.regions[region];
+    if (counts.unlisted != 0) {
+      forEachSlot(region, [](BlockHeader* header) {
+        if (stateOf(header) != BlockState::kUnlisted) return;
+        setState(header, BlockState::kFree);
+        pushSpare(slotOf(header), classOf(header));
+      });
+    }
+    counts.unlisted = 0;
+    region = counts.nextUnlisted;
+  }
 }
 
 EGFHOST_SEES_POISON bool resizeLastCarved(BlockHeader* header, std::size_t sizeClass) {

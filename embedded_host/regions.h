@@ -16,6 +16,16 @@ namespace egfhost {
 
 inline constexpr std::uint32_t kRegions = kCagePages / kRegionPages;
 
+// The slots of a region.
+struct RegionCounts {
+  // Live ones. Of the open region: those freed and taken again since it was opened, on top of a
+  // bias that keeps it from falling to 0.
+  std::uint16_t live;
+  std::uint16_t slots;     // all of them, once it is closed
+  std::uint16_t unlisted;  // free ones that are in no list
+  std::uint16_t nextUnlisted;
+};
+
 // All that the small blocks keep.
 struct SmallBlocks {
   std::array<HostHandle, kClasses> spares{};  // first free slot of each class, 0 for none
@@ -23,9 +33,8 @@ struct SmallBlocks {
   HostHandle next = 0;                        // where it goes on
   std::uint32_t room = 0;                     // bytes left from there
   std::uint32_t carved = 0;                   // its slots so far
-  // Live blocks by region. Of the open region: those freed and taken again since it was opened, on
-  // top of a bias that keeps it from falling to 0.
-  std::array<std::uint16_t, kRegions> live{};
+  std::uint16_t firstUnlisted = 0;            // regions with unlisted slots, chained; 0 ends
+  std::array<RegionCounts, kRegions> regions{};
 };
 extern SmallBlocks smallBlocks;
 
@@ -40,6 +49,9 @@ inline SpareLinks* linksAt(HostHandle slot) {
 }
 inline BlockHeader* headerAt(HostHandle slot) {
   return reinterpret_cast<BlockHeader*>(cageStart + slot);
+}
+inline HostHandle slotOf(const BlockHeader* header) {
+  return static_cast<HostHandle>(reinterpret_cast<const char*>(header) - cageStart);
 }
 inline std::size_t regionOf(HostHandle slot) { return slot / kRegionSize; }
 
@@ -63,7 +75,7 @@ EGFHOST_SEES_POISON inline BlockHeader* slotAtHand(std::size_t sizeClass) {
   const HostHandle spare = smallBlocks.spares[sizeClass];
   if (spare != 0) {
     smallBlocks.spares[sizeClass] = linksAt(spare)->next;
-    ++smallBlocks.live[regionOf(spare)];
+    ++smallBlocks.regions[regionOf(spare)].live;
     return headerAt(spare);
   }
   const std::uint32_t slotSize = kSizeClasses.slotSize[sizeClass];
@@ -78,11 +90,28 @@ EGFHOST_SEES_POISON inline BlockHeader* slotAtHand(std::size_t sizeClass) {
 
 // Gives a slot back whose header says that it is free.
 EGFHOST_SEES_POISON inline void giveSmall(BlockHeader* header, std::size_t sizeClass) {
-  const auto slot = static_cast<HostHandle>(reinterpret_cast<char*>(header) - cageStart);
+  const HostHandle slot = slotOf(header);
   pushSpare(slot, sizeClass);
-  if (--smallBlocks.live[regionOf(slot)] == 0) [[unlikely]]
+  if (--smallBlocks.regions[regionOf(slot)].live == 0) [[unlikely]]
     releaseRegion(regionOf(slot));
 }
+
+// The same for the slots of a tree that goes as a whole: its regions mostly become empty, so that
+// listing them would be in vain. listTheUnlisted has to follow before anything is taken again.
+EGFHOST_SEES_POISON inline void giveUnlisted(BlockHeader* header) {
+  const std::size_t region = regionOf(slotOf(header));
+  RegionCounts& counts = smallBlocks.regions[region];
+  header->state = BlockState::kUnlisted;
+  if (counts.unlisted++ == 0) {
+    counts.nextUnlisted = smallBlocks.firstUnlisted;
+    smallBlocks.firstUnlisted = static_cast<std::uint16_t>(region);
+  }
+  if (--counts.live == 0) [[unlikely]]
+    releaseRegion(region);
+}
+
+// Puts the unlisted slots of the regions that are still there at hand.
+void listTheUnlisted();
 
 // Changes the class of the block that was carved last, in place. False when it is another one, or
 // the open region has no room for it.

@@ -3,6 +3,7 @@
 
 #include "embedded_host/fault.h"
 #include "embedded_host/host_trees.h"
+#include "embedded_host/object_tree.h"
 #include "host/egf_codes.h"
 #include "host/memory.h"
 #include "host/objects.h"
@@ -55,7 +56,7 @@ HostHandle createTree(HostHandle document) {
 void freeTree(HostHandle tree) noexcept {
   EgfTreeBlock* block = blockOf(tree);
   if (block == nullptr) return;
-  EEL_DestroyObject(block->body.root.get());
+  freeTreeOf(block->body.root.get());
   freeDashes(&block->body.pageHeader);
   freeLayers(&block->body.pageHeader);
   RMM_Free(block);

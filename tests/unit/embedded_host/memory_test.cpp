@@ -9,6 +9,10 @@
 #include <string>
 #include <vector>
 
+#include "embedded_host/host_trees.h"
+#include "host/egf.h"
+#include "host/egf_codes.h"
+#include "host/objects.h"
 #include "tests/unit/embedded_host/host_fixture.h"
 
 #ifdef EGFSVG_SANITIZED
@@ -21,6 +25,13 @@ namespace {
 using MemoryTest = HostTest;
 
 constexpr std::uint64_t kGiB = std::uint64_t{1} << 30;
+
+// Sanitizer builds give freed blocks out again only after a while.
+#ifdef EGFSVG_SANITIZED
+constexpr bool kSanitized = true;
+#else
+constexpr bool kSanitized = false;
+#endif
 
 TEST_F(MemoryTest, NullIsFreedSafely) { RMM_Free(nullptr); }
 
@@ -138,6 +149,38 @@ TEST_F(MemoryTest, EmptyRegionsBecomeOneRunAgain) {
   }
   std::shuffle(blocks.begin(), blocks.end(), random);
   for (void* const block : blocks) RMM_Free(block);
+  void* const most = RMM_AllocName(1, 3 * kGiB, RMM_SITE);
+  EXPECT_NE(nullptr, most);
+  RMM_Free(most);
+}
+
+// Trees that go as a whole, among blocks that stay: what the trees held is at hand again, for trees
+// and for blocks, and everything is one run when the rest has gone.
+TEST_F(MemoryTest, TheRoomOfTreesIsTakenAgain) {
+  constexpr int kRounds = 20;
+  constexpr int kObjects = 3000;
+  std::vector<void*> staying;
+  std::uint64_t highest = 0;
+  for (int round = 0; round < kRounds; ++round) {
+    const HostHandle tree = createTree(0);
+    ASSERT_NE(0u, tree);
+    for (int i = 0; i < kObjects; ++i) {
+      _egf_obj* const object = EEL_AllocObject(egfsvg::kClassPolygon, RMM_SITE);
+      auto* const polygon = egfsvg::as<egfsvg::EgfPolygon>(object);
+      polygon->points = static_cast<_mpl_spacept_tag*>(RMM_AllocName(5, 8, RMM_SITE));
+      ASSERT_EQ(0, EEL_AppendObject(rootOf(tree), object));
+      // One block of each dozen objects outlives the tree.
+      if (i % 12 == 0) staying.push_back(RMM_AllocName(1, 24, RMM_SITE));
+      const auto end = static_cast<std::uint64_t>(reinterpret_cast<char*>(object) - RMM_cageBase);
+      if (round == 0) highest = std::max(highest, end);
+      // Staying blocks take 40 bytes of room for each dozen objects, far less than a tree has.
+      if (!kSanitized) {
+        EXPECT_LT(end, highest + 40 * kRounds * kObjects / 12 + 65536 * 2) << round;
+      }
+    }
+    freeTree(tree);
+  }
+  for (void* const block : staying) RMM_Free(block);
   void* const most = RMM_AllocName(1, 3 * kGiB, RMM_SITE);
   EXPECT_NE(nullptr, most);
   RMM_Free(most);
