@@ -179,13 +179,16 @@ bool keptTextBounds(const _egf_obj* object, std::size_t slot, _mpl_spacerect_tag
 
 bool computeBounds(const _egf_obj* object, const BoundsRow& row, HostHandle map,
                    _mpl_spacerect_tag* bounds) {
-  *bounds = {};
-  if (row.include == nullptr) return false;
   Box box;
-  row.include(object, map, box);
-  if (!box.isUsable()) return false;
-  *bounds = box.rect();
-  return true;
+  // Most objects are polygons: those go the short way.
+  if (row.include == polygonBox) {
+    polygonBox(object, map, box);
+  } else if (row.include != nullptr) {
+    row.include(object, map, box);
+  }
+  const bool usable = box.isUsable();
+  *bounds = usable ? box.rect() : _mpl_spacerect_tag{};
+  return usable;
 }
 
 const BoundsRow& rowOf(const _egf_obj* object) { return kBoundsByClass[object->layoutClass]; }

@@ -26,6 +26,6 @@ void includeEllipse(Box& box, _mpl_spacept_tag center, double rx, double ry, std
                     std::int32_t start, std::int32_t end);
 
 // The box of a chain of cubic curves: points 0, 3, 6 ... are on it.
-void includeCurves(Box& box, const _mpl_spacept_tag* points, std::size_t count);
+[[gnu::noinline]] void includeCurves(Box& box, const _mpl_spacept_tag* points, std::size_t count);
 
 }  // namespace egfhost

@@ -237,24 +237,40 @@ inline void* resize(BlockHeader* header, std::size_t bytes, Site site) {
   return grow(header, bytes, site);
 }
 
-void* reallocate(void* block, std::size_t count, std::size_t size, Site site) {
-  if (!isLiveBlock(block)) [[unlikely]] {
+void countResized(std::size_t before, std::size_t bytes) {
+  state.bytes.rise(static_cast<std::int64_t>(bytes - before));
+  ++state.allocations;
+}
+
+// Whatever is not a growth into room that the block has.
+[[gnu::noinline]] void* reallocateWithCare(void* block, std::size_t count, std::size_t size,
+                                           Site site) {
+  if (!isLiveBlock(block)) {
     reportBadBlock(block);
     return refuse();
   }
   std::size_t bytes;
-  if (!product(count, size, bytes)) [[unlikely]]
-    return refuse();
+  if (!product(count, size, bytes)) return refuse();
   BlockHeader* const header = headerOf(block);
   const std::size_t before = sizeOf(header);
-  if (watched() && !admits(bytes > before ? bytes - before : 0, 0)) [[unlikely]]
-    return refuse();
+  if (watched() && !admits(bytes > before ? bytes - before : 0, 0)) return refuse();
   void* const resized = resize(header, bytes, site);
-  if (resized == nullptr) [[unlikely]]
-    return refuse();
-  state.bytes.rise(static_cast<std::int64_t>(bytes - before));
-  ++state.allocations;
+  if (resized == nullptr) return refuse();
+  countResized(before, bytes);
   return resized;
+}
+
+inline void* reallocate(void* block, std::size_t count, std::size_t size, Site site) {
+  std::size_t bytes;
+  const bool overflows = __builtin_mul_overflow(count, size, &bytes);
+  if (overflows || watched() || !isLiveBlock(block)) [[unlikely]]
+    return reallocateWithCare(block, count, size, site);
+  BlockHeader* const header = headerOf(block);
+  const std::size_t before = sizeOf(header);
+  if (bytes < before || bytes > payloadRoom(header)) [[unlikely]]
+    return reallocateWithCare(block, count, size, site);
+  countResized(before, bytes);
+  return resizeInPlace(header, bytes, site);
 }
 
 }  // namespace
@@ -321,7 +337,7 @@ void* RMM_CallocName(std::size_t count, std::size_t size, const char* file, int 
 
 void* RMM_ReAllocName(void* block, std::size_t count, std::size_t size, const char* file,
                       int line) {
-  if (block == nullptr) return egfhost::allocate(count, size, {file, line});
+  if (block == nullptr) return RMM_AllocName(count, size, file, line);
   return egfhost::reallocate(block, count, size, {file, line});
 }
 

@@ -30,8 +30,8 @@ void freePalette(HostHandle handle) noexcept {
 }
 
 template <FreeCall kFree>
-void freeOwned(_egf_obj* object) noexcept {
-  for (const OwnedField& field : layoutOf(object).owned()) {
+void freeOwned(const _egf_obj* object, const ObjectLayout& layout) noexcept {
+  for (const OwnedField& field : layout.owned()) {
     const auto handle = readPacked<HostHandle>(object, field.offset);
     if (handle == 0) continue;
     if (field.kind == FieldKind::kRaster) {
@@ -39,7 +39,7 @@ void freeOwned(_egf_obj* object) noexcept {
     } else if (field.kind == FieldKind::kPalette) {
       freePalette<kFree>(handle);
     } else {
-      kFree(egfsvg::at<void>(handle));
+      kFree(cageStart + handle);
     }
   }
 }
@@ -113,20 +113,25 @@ void freeEach(_egf_obj* object) noexcept {
   _egf_obj* at = object;
   for (;;) {
     fetchAhead(at);
-    if (_egf_obj* const child = firstChildOf(at)) {
-      at = child;
-      continue;
+    const ObjectLayout& layout = layoutOf(at);
+    if (layout.childOffset != 0) {
+      const auto child = readPacked<ObjectLink>(at, layout.childOffset);
+      if (child) {
+        at = linked(child);
+        continue;
+      }
     }
     const bool isRoot = at == object;
-    _egf_obj* const next = at->next.get();
-    _egf_obj* const parent = at->parent.get();
-    freeOwned<kFree>(at);
+    const ObjectLink next = at->next;
+    const ObjectLink parent = at->parent;
+    freeOwned<kFree>(at, layout);
     kFree(at);
     if (isRoot) return;
-    at = next;
-    if (next == nullptr) {
-      setChildren(parent, nullptr, nullptr);
-      at = parent;
+    if (next) {
+      at = linked(next);
+    } else {
+      at = linked(parent);
+      setChildren(at, nullptr, nullptr);
     }
   }
 }

@@ -2,18 +2,6 @@
 
 namespace egfhost {
 
-void linkLast(_egf_obj* container, _egf_obj* child) {
-  child->parent = container;
-  child->next = nullptr;
-  _egf_obj* last = lastChildOf(container);
-  if (last == nullptr) {
-    setChildren(container, child, child);
-    return;
-  }
-  last->next = child;
-  setChildren(container, firstChildOf(container), child);
-}
-
 namespace {
 
 _egf_obj* previousSibling(const _egf_obj* object) {

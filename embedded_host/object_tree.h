@@ -2,12 +2,21 @@
 // as deep as memory allows.
 #pragma once
 
+#include "embedded_host/cage.h"
 #include "embedded_host/layouts.h"
 #include "host/wire.h"
 
 namespace egfhost {
 
 using ObjectLink = ref32<_egf_obj>;
+
+// The object behind a link that is not null.
+inline _egf_obj* linked(ObjectLink link) {
+  return reinterpret_cast<_egf_obj*>(cageStart + link.offset);
+}
+inline ObjectLink linkTo(const _egf_obj* object) {
+  return {static_cast<HostHandle>(reinterpret_cast<const char*>(object) - cageStart)};
+}
 
 inline bool isContainer(const _egf_obj* object) { return layoutOf(object).childOffset != 0; }
 
@@ -30,7 +39,19 @@ inline void setChildren(_egf_obj* container, _egf_obj* first, _egf_obj* last) {
 }
 
 // Makes a loose object the last child of a container.
-void linkLast(_egf_obj* container, _egf_obj* child);
+inline void linkLast(_egf_obj* container, _egf_obj* child) {
+  const std::uint16_t offset = layoutOf(container).childOffset;
+  const auto last = egfsvg::readPacked<ObjectLink>(container, offset + sizeof(ObjectLink));
+  const ObjectLink added = linkTo(child);
+  child->parent = linkTo(container);
+  child->next = ObjectLink{};
+  if (last) {
+    linked(last)->next = added;
+  } else {
+    egfsvg::writePacked(container, offset, added);
+  }
+  egfsvg::writePacked(container, offset + sizeof(ObjectLink), added);
+}
 
 // Takes an object from its parent; a loose one stays as it is.
 void unlink(_egf_obj* object);
