@@ -8,14 +8,6 @@ std::uint32_t pagesFor(std::size_t payload) {
   return static_cast<std::uint32_t>((payload + kBlockOverhead + kPageSize - 1) >> kPageShift);
 }
 
-bool extendLarge(BlockHeader* header, std::size_t payload) {
-  const std::uint32_t first = pageOf(header);
-  const std::uint32_t before = pageRuns[first].pages;
-  if (!extendRun(first, pagesFor(payload))) return false;
-  poison(pageAddress(first + before), std::size_t{pageRuns[first].pages - before} << kPageShift);
-  return true;
-}
-
 }  // namespace
 
 BlockHeader* takeLarge(std::size_t payload) {
@@ -32,8 +24,13 @@ std::size_t largeRoom(const BlockHeader* header) {
 }
 
 bool extendBlock(BlockHeader* header, std::size_t payload) {
-  if (classOf(header) == kLargeClass) return extendLarge(header, payload);
-  return isSmall(payload) && resizeLastCarved(header, classForPayload(payload));
+  // A small one keeps its class: else the classes that blocks grow from would never be at hand.
+  if (classOf(header) != kLargeClass) return false;
+  const std::uint32_t first = pageOf(header);
+  const std::uint32_t before = pageRuns[first].pages;
+  if (!extendRun(first, pagesFor(payload))) return false;
+  poison(pageAddress(first + before), std::size_t{pageRuns[first].pages - before} << kPageShift);
+  return true;
 }
 
 }  // namespace egfhost

@@ -91,17 +91,6 @@ void listTheUnlisted() {
   }
 }
 
-EGFHOST_SEES_POISON bool resizeLastCarved(BlockHeader* header, std::size_t sizeClass) {
-  const std::uint32_t before = kSizeClasses.slotSize[header->sizeClass];
-  const std::uint32_t after = kSizeClasses.slotSize[sizeClass];
-  if (reinterpret_cast<char*>(header) + before != cageStart + smallBlocks.next) return false;
-  if (smallBlocks.open == 0 || after > before + smallBlocks.room) return false;
-  header->sizeClass = static_cast<std::uint8_t>(sizeClass);
-  smallBlocks.next = smallBlocks.next - before + after;
-  smallBlocks.room = smallBlocks.room + before - after;
-  return true;
-}
-
 std::size_t carvedEnd(std::size_t region) {
   const std::size_t uncarved = region == smallBlocks.open ? smallBlocks.room : 0;
   return (region + 1) * kRegionSize - uncarved;

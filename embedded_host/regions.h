@@ -113,10 +113,6 @@ EGFHOST_SEES_POISON inline void giveUnlisted(BlockHeader* header) {
 // Puts the unlisted slots of the regions that are still there at hand.
 void listTheUnlisted();
 
-// Changes the class of the block that was carved last, in place. False when it is another one, or
-// the open region has no room for it.
-bool resizeLastCarved(BlockHeader* header, std::size_t sizeClass);
-
 // Where the carved slots of a region end.
 std::size_t carvedEnd(std::size_t region);
 
