@@ -9,6 +9,8 @@
 #include "adapter_reader/seen_colours.h"
 #include "adapter_reader/style_numbers.h"
 #include "adapter_reader/transform_cache.h"
+#include "host/egf_small.h"
+#include "model/rmm_allocator.h"
 
 struct GroupStackNode;  // group_stack.h
 
@@ -40,6 +42,7 @@ struct AdapterState {
   SeenColours colours;
   StyleNumbers styles;
   DashIndex dashes;
+  GrowingArray<_mpl_spacept_tag> straightRun{RMM_SITE};  // points of the path at hand
   GroupStackNode* spareNodes = nullptr;  // of closed groups, linked by `next`, for the next ones
 };
 

@@ -17,69 +17,62 @@
 namespace egfsvg {
 namespace {
 
-constexpr unsigned int kMaxSubPathPoints = 65'535;  // what a sub-path's size can hold
+constexpr std::int32_t kMaxSubPathPoints = 65'535;  // what a sub-path's size can hold
 constexpr double kMillionth = 1'000'000.0;
 
-class FlatPathBuilder final : public PathSink {
+class FlatPathBuilder {
  public:
   FlatPathBuilder(CAdapterReader& adapter, EgfPolygon* polygon)
       : adapter_(adapter), polygon_(polygon) {}
-  ~FlatPathBuilder() { RMM_Free(points_); }
+  ~FlatPathBuilder() = default;
   FlatPathBuilder(const FlatPathBuilder&) = delete;
   FlatPathBuilder& operator=(const FlatPathBuilder&) = delete;
 
-  bool beginSubPath(const _svg_singlepath&) override {
-    start_ = count_;
+  // The walk's sink.
+  bool beginSubPath() {
+    start_ = points_.count();
     return true;
   }
-  bool moveTo(PlanePoint to) override { return add(to); }
-  bool lineTo(PlanePoint, PlanePoint to) override { return add(to); }
-  bool curveTo(const PlanePoint (&controls)[4]) override;
-  bool arcTo(const ArcEnds& ends, const ArcCenter& arc) override;
-  bool closeTo(PlanePoint, PlanePoint) override { return true; }
-  bool endSubPath(const _svg_singlepath& subPath) override;
+  bool moveTo(PlanePoint to) { return add(to); }
+  bool lineTo(PlanePoint, PlanePoint to) { return add(to); }
+  bool curveTo(const CubicPoints& cubic);
+  bool arcTo(const ArcEnds& ends, const ArcCenter& arc);
+  bool closeTo(PlanePoint, PlanePoint) { return true; }
+  bool endSubPath(const _svg_singlepath& subPath);
 
-  _mpl_spacept_tag* points() { return points_; }
-  unsigned int count() const { return count_; }
+  void mapPoints(const _viewPortMap* map) {
+    egfsvg::mapPoints(points_.data(), points_.count(), map);
+  }
   /// The box of the points in pixels, grown by a margin in pixels.
   _mpl_spacerect_tag bounds(double margin) const;
   /// Hands the points to the polygon.
   void finish() {
-    polygon_->points = PointArray::of(points_);
-    polygon_->pointCount = static_cast<std::int32_t>(count_);
-    points_ = nullptr;
+    polygon_->pointCount = points_.count();
+    polygon_->points = PointArray::of(points_.release());
   }
 
  private:
   bool add(PlanePoint point) {
-    const _mpl_spacept_tag place{static_cast<float>(point.x), static_cast<float>(point.y)};
+    const _mpl_spacept_tag place = stored(point);
     return addAll(&place, 1);
   }
   bool addAll(const _mpl_spacept_tag* added, unsigned int n);
 
   CAdapterReader& adapter_;
   EgfPolygon* polygon_;
-  _mpl_spacept_tag* points_ = nullptr;
-  unsigned int count_ = 0;
-  unsigned int start_ = 0;  // of the sub-path
+  GrowingArray<_mpl_spacept_tag> points_{RMM_SITE};
+  std::int32_t start_ = 0;  // of the sub-path
 };
 
 bool FlatPathBuilder::addAll(const _mpl_spacept_tag* added, unsigned int n) {
-  const unsigned int room = kMaxSubPathPoints - std::min(kMaxSubPathPoints, count_ - start_);
-  n = std::min(n, room);
-  if (n == 0) return true;
-  _mpl_spacept_tag* grown =
-      adapter_.AddNewPointData(points_, &count_, const_cast<_mpl_spacept_tag*>(added), n);
-  if (grown == nullptr) return false;
-  points_ = grown;
-  return true;
+  const std::int32_t room =
+      kMaxSubPathPoints - std::min(kMaxSubPathPoints, points_.count() - start_);
+  return points_.append(added, static_cast<std::int32_t>(std::min<std::int64_t>(n, room)));
 }
 
-bool FlatPathBuilder::curveTo(const PlanePoint (&controls)[4]) {
-  _mpl_spacept_tag places[4];
-  for (int i = 0; i < 4; ++i) {
-    places[i] = {static_cast<float>(controls[i].x), static_cast<float>(controls[i].y)};
-  }
+bool FlatPathBuilder::curveTo(const CubicPoints& cubic) {
+  const _mpl_spacept_tag places[4] = {stored(cubic.from), stored(cubic.first), stored(cubic.second),
+                                      stored(cubic.to)};
   std::uint32_t n = 0;
   RmmOwner<_mpl_spacept_tag> curve(EEL_DiscretizeCurve(places, 4, 1, 0, &n));
   return curve && addAll(curve.get(), n);
@@ -99,28 +92,23 @@ bool FlatPathBuilder::arcTo(const ArcEnds& ends, const ArcCenter& arc) {
 }
 
 bool FlatPathBuilder::endSubPath(const _svg_singlepath& subPath) {
-  const unsigned int added = count_ - start_;
+  const std::int32_t added = points_.count() - start_;
   if ((subPath.closed != 0 || subPath.subFlag != 0) && added > 0) {  // either flag closes
     const _mpl_spacept_tag first = points_[start_];
-    const _mpl_spacept_tag last = points_[count_ - 1];
+    const _mpl_spacept_tag last = points_.back();
     if ((first.x != last.x || first.y != last.y) && !addAll(&first, 1)) return false;
   }
   if (polygon_->subPathSizes) {
-    polygon_->subPathSizes[polygon_->subPathCount] = static_cast<std::uint16_t>(count_ - start_);
+    polygon_->subPathSizes[polygon_->subPathCount] =
+        static_cast<std::uint16_t>(points_.count() - start_);
   }
   polygon_->subPathCount = polygon_->subPathCount + 1;
   return true;
 }
 
 _mpl_spacerect_tag FlatPathBuilder::bounds(double margin) const {
-  if (count_ == 0) return {};
-  _mpl_spacerect_tag box{points_[0].x, points_[0].x, points_[0].y, points_[0].y};
-  adapter_.svg_UpdateObjBoundingBox(box, points_, static_cast<int>(count_));
-  const auto side = [](float edge, double by) {
-    return static_cast<float>(static_cast<double>(edge) / kSpaceUnits + by);
-  };
-  return {side(box.left, -margin), side(box.right, margin), side(box.top, -margin),
-          side(box.bottom, margin)};
+  if (points_.empty()) return {};
+  return pixelBounds(points_.data(), points_.count(), margin);
 }
 
 bool makeSizeTable(EgfPolygon* polygon, std::int32_t subPaths) {
@@ -169,11 +157,7 @@ _egf_obj* CAdapterReader::SVG_formatEGFPath(_svg_path* element) {
   }
   const _mpl_spacerect_tag bounds = builder.bounds(penWidth(*this, element->stroke.strokeWidth));
   MapOwner pathMap(*this, _findMapMatrix(&element->head, nullptr, nullptr));
-  if (pathMap) {
-    for (unsigned int i = 0; i < builder.count(); ++i) {
-      _transformPoint(&builder.points()[i], pathMap.get());
-    }
-  }
+  builder.mapPoints(pathMap.get());
   builder.finish();
   if (!finishFlat(*this, object.get(), bounds, pathMap.get(), *element)) return nullptr;
   EGF_CalcPolygonMer(object.get(), this->map);

@@ -2,6 +2,7 @@
 
 #include "adapter_reader/owners.h"
 #include "adapter_reader/pixel_scale.h"
+#include "adapter_reader/point_map.h"
 #include "adapter_reader/transform_list.h"
 #include "geometry/matrix.h"
 #include "model/rmm_allocator.h"
@@ -127,11 +128,7 @@ void CAdapterReader::_freeMapMatrix(_viewPortMap* done) {
 }
 
 void CAdapterReader::_transformPoint(_mpl_spacept_tag* point, _viewPortMap* by) {
-  const MatrixRows& m = by->matrix.m;
-  const double x = static_cast<double>(point->x);
-  const double y = static_cast<double>(point->y);
-  *point = {static_cast<float>(x * m[0][0] + y * m[0][1] + m[0][2] * kSpaceUnits),
-            static_cast<float>(x * m[1][0] + y * m[1][1] + m[1][2] * kSpaceUnits)};
+  *point = PointMap(by->matrix)(*point);
 }
 
 void CAdapterReader::InitMatrix(_transformMatrix& matrix) { matrix = {}; }

@@ -2,6 +2,7 @@
 // of curves and scaled arcs.
 
 #include <cmath>
+#include <utility>
 
 #include "adapter_reader/owners.h"
 #include "adapter_reader/page.h"
@@ -16,10 +17,10 @@ namespace egfsvg {
 namespace {
 
 constexpr double kUnitsPerPixel = 4096.0;
-constexpr double kRepairOffset = 9024.0;  // space units at 96 pixels per inch
+constexpr double kOneThird = 0.33333334;
 
-bool samePlace(const _mpl_spacept_tag& a, const _mpl_spacept_tag& b) {
-  return a.x == b.x && a.y == b.y;
+PlanePoint between(PlanePoint a, PlanePoint b, double part) {
+  return {a.x + (b.x - a.x) * part, a.y + (b.y - a.y) * part};
 }
 
 ObjectOwner straightLine(const _mpl_spacept_tag* points) {
@@ -33,8 +34,8 @@ ObjectOwner straightLine(const _mpl_spacept_tag* points) {
   return object;
 }
 
-ObjectOwner straightRun(RmmOwner<_mpl_spacept_tag>& points, unsigned int count) {
-  ObjectOwner object(newObject(kClassPolyline, RMM_SITE));
+ObjectOwner straightRun(RmmOwner<_mpl_spacept_tag> points, unsigned int count) {
+  ObjectOwner object(points ? newObject(kClassPolyline, RMM_SITE) : nullptr);
   if (!object) return object;
   EgfPolyline* run = as<EgfPolyline>(object.get());
   run->pen = kPolylinePen;
@@ -46,10 +47,31 @@ ObjectOwner straightRun(RmmOwner<_mpl_spacept_tag>& points, unsigned int count) 
 
 }  // namespace
 
-BezierPathBuilder::BezierPathBuilder(CAdapterReader& adapter, _viewPortMap* map, bool several)
-    : adapter_(adapter), map_(map), several_(several), outer_(newObject(kClassPath, RMM_SITE)) {
-  if (map != nullptr && map->userSpace != nullptr) {
-    adapter.svg_DecomposeMatrix(map->userSpace->matrix.m, &shear_, &scaleX_, &scaleY_, &rotation_);
+void raiseQuadratic(PlanePoint current, PlanePoint control, PlanePoint end, bool exact,
+                    PlanePoint* first, PlanePoint* second) {
+  *first = exact ? between(control, current, kOneThird) : between(control, end, kOneThird);
+  *second = exact ? between(control, end, kOneThird) : control;
+}
+
+bool attachStraight(_egf_obj* path, const _mpl_spacept_tag* points, unsigned int count) {
+  ObjectOwner object =
+      count == 2 ? straightLine(points)
+                 : straightRun(RmmOwner<_mpl_spacept_tag>(copiedPoints(points, count)), count);
+  return object && handOver(path, object);
+}
+
+BezierPathBuilder::BezierPathBuilder(CAdapterReader& adapter, const Plan& plan)
+    : adapter_(adapter),
+      several_(plan.several),
+      boxed_(plan.boxed),
+      outer_(newObject(kClassPath, RMM_SITE)),
+      run_(adapter.state.straightRun) {
+  run_.clear();
+  if (plan.map != nullptr) map_.emplace(plan.map->matrix);
+  here_ = mapped(PlanePoint{0.0, 0.0});
+  if (plan.map != nullptr && plan.map->userSpace != nullptr) {
+    adapter.svg_DecomposeMatrix(plan.map->userSpace->matrix.m, &shear_, &scaleX_, &scaleY_,
+                                &rotation_);
   }
 }
 
@@ -91,22 +113,12 @@ int CAdapterReader::_attachPlineToPath(_mpl_spacept_tag* points, unsigned int* c
   using namespace egfsvg;
   if (points == nullptr || *count < 2) return 0;
   RmmOwner<_mpl_spacept_tag> owned(points);
-  ObjectOwner object = *count == 2 ? straightLine(points) : straightRun(owned, *count);
+  ObjectOwner object = *count == 2 ? straightLine(points) : straightRun(std::move(owned), *count);
   return object && handOver(path, object) ? 0 : -1;
 }
 
 /// At most one repair is made, the first that applies.
-void CAdapterReader::_checkBezierCntrlPts(_mpl_spacept_tag* p) {
-  const double res = egfsvg::resolutionOf(*this);
-  const auto offset = static_cast<float>(egfsvg::kRepairOffset * res / 96.0);
-  if (egfsvg::samePlace(p[0], p[1])) {
-    p[1].x = p[0].x + offset;
-  } else if (egfsvg::samePlace(p[2], p[3])) {
-    p[2].x = p[3].x + offset;
-  } else if (egfsvg::samePlace(p[1], p[2])) {
-    p[2].x = p[1].x + offset;
-  }
-}
+void CAdapterReader::_checkBezierCntrlPts(_mpl_spacept_tag* p) { egfsvg::repairControls(*this, p); }
 
 void CAdapterReader::_scaleEllipseArc(double* startDeg, double* endDeg, double* rx, double* ry,
                                       double scaleX, double scaleY) {

@@ -3,10 +3,15 @@
 // (1/4096 pixel), in the path's own user space, before any transform.
 #pragma once
 
-#include "geometry/elliptic_arc.h"
-#include "model/elements.h"
+#include <cmath>
+#include <concepts>
 
-class CAdapterReader;
+#include "adapter_reader/pixel_scale.h"
+#include "adapter_reader/svg_adapterreader.h"
+#include "geometry/elliptic_arc.h"
+#include "host/settings.h"
+#include "model/elements.h"
+#include "model/path_commands.h"
 
 namespace egfsvg {
 
@@ -15,55 +20,29 @@ struct PlanePoint {
   bool operator==(const PlanePoint&) const = default;
 };
 
-/// What a walk builds. Every call returns false when it ran out of memory; the walk then ends.
-class PathSink {
- public:
-  virtual bool beginSubPath(const _svg_singlepath& subPath) = 0;
-  virtual bool moveTo(PlanePoint to) = 0;
-  virtual bool lineTo(PlanePoint from, PlanePoint to) = 0;
-  virtual bool curveTo(const PlanePoint (&controls)[4]) = 0;
-  virtual bool arcTo(const ArcEnds& ends, const ArcCenter& arc) = 0;
-  /// `from` and `first` may be the same place.
-  virtual bool closeTo(PlanePoint from, PlanePoint first) = 0;
-  virtual bool endSubPath(const _svg_singlepath& subPath) = 0;
+/// A point as it is stored.
+inline _mpl_spacept_tag stored(PlanePoint point) {
+  return {static_cast<float>(point.x), static_cast<float>(point.y)};
+}
 
- protected:
-  ~PathSink() = default;
+/// The current point and the three that a cubic curve is given by.
+struct CubicPoints {
+  PlanePoint from, first, second, to;
 };
 
-class PathWalk {
- public:
-  PathWalk(CAdapterReader& adapter, PathSink& sink);
-
-  /// True when the whole path went to the sink.
-  bool run(const _svg_path& path);
-
- private:
-  bool runSubPath(const _svg_singlepath& subPath);
-  bool step(const _svg_path_data& command);
-  bool move(const _svg_path_data& command);
-  bool line(PlanePoint to);
-  bool cubic(const _svg_path_data& command);
-  bool smoothCubic(const _svg_path_data& command);
-  bool quadratic(PlanePoint control, PlanePoint end);
-  bool smoothQuadratic(const _svg_path_data& command);
-  bool arc(const _svg_path_data& command);
-  bool close();
-  bool curve(PlanePoint first, PlanePoint second, PlanePoint end);
-  double units(const _svg_value& value) const;
-  PlanePoint point(const _svg_value& x, const _svg_value& y) const;
-  PlanePoint reflected(PlanePoint control) const;
-
-  CAdapterReader& adapter_;
-  PathSink& sink_;
-  double resolution_;
-  bool trueCurves_;
-  bool relative_ = false;
-  PlanePoint current_{0.0, 0.0};
-  PlanePoint first_{0.0, 0.0};      // of the sub-path
-  std::int32_t previous_ = 0;       // absolute form of the command before, 0 at a sub-path's start
-  PlanePoint lastCubic_{0.0, 0.0};  // control points that a smooth command reflects
-  PlanePoint lastQuad_{0.0, 0.0};
+/// What a walk builds. Every call returns false when it ran out of memory; the walk then ends. The
+/// place that a call starts from is the origin, or where the call before it led; a close leads to
+/// the first point of the sub-path, which may be the same place.
+template <class Sink>
+concept PathSink = requires(Sink sink, const _svg_singlepath& subPath, PlanePoint point,
+                            const CubicPoints& cubic, const ArcEnds& ends, const ArcCenter& arc) {
+  { sink.beginSubPath() } -> std::same_as<bool>;
+  { sink.moveTo(point) } -> std::same_as<bool>;
+  { sink.lineTo(point, point) } -> std::same_as<bool>;
+  { sink.curveTo(cubic) } -> std::same_as<bool>;
+  { sink.arcTo(ends, arc) } -> std::same_as<bool>;
+  { sink.closeTo(point, point) } -> std::same_as<bool>;
+  { sink.endSubPath(subPath) } -> std::same_as<bool>;
 };
 
 /// The two inner control points of the cubic that stands for a quadratic. With `exact` it is the
@@ -71,5 +50,207 @@ class PathWalk {
 /// second is the control itself.
 void raiseQuadratic(PlanePoint current, PlanePoint control, PlanePoint end, bool exact,
                     PlanePoint* first, PlanePoint* second);
+
+template <PathSink Sink>
+class PathWalk {
+ public:
+  PathWalk(CAdapterReader& adapter, Sink& sink)
+      : adapter_(adapter),
+        sink_(sink),
+        scale_(adapter),
+        trueCurves_(settingOn(Setting::kTrueCurves)) {}
+
+  /// True when the whole path went to the sink.
+  bool run(const _svg_path& path) {
+    for (std::int32_t i = 0; i < path.pathCount; ++i) {
+      if (!runSubPath(path.paths[i])) return false;
+    }
+    return true;
+  }
+
+ private:
+  /// What the coordinates of a command are counted from.
+  enum class From { kOrigin, kCurrent };
+  /// The command before, as far as a smooth one asks.
+  enum class Before { kNothing, kCubic, kQuadratic, kOther };
+
+  bool runSubPath(const _svg_singlepath& subPath);
+  bool step(const _svg_path_data& command);
+  bool moveTo(PlanePoint to);
+  bool lineTo(PlanePoint to);
+  bool cubic(PlanePoint first, PlanePoint second, PlanePoint end);
+  bool quadratic(PlanePoint control, PlanePoint end);
+  bool curve(PlanePoint first, PlanePoint second, PlanePoint end);
+  bool arc(const _svg_path_data& command, PlanePoint end);
+  bool close();
+  PlanePoint smoothCubicControl() const;
+  PlanePoint smoothQuadraticControl() const;
+  PlanePoint reflected(PlanePoint control) const {
+    return {2.0 * current_.x - control.x, 2.0 * current_.y - control.y};
+  }
+
+  template <From kFrom>
+  double along(const _svg_value& value, double current) const {
+    const double given = scale_.spaceUnits(value);
+    return kFrom == From::kCurrent ? given + current : given;
+  }
+  template <From kFrom>
+  PlanePoint point(const _svg_value& x, const _svg_value& y) const {
+    return {along<kFrom>(x, current_.x), along<kFrom>(y, current_.y)};
+  }
+
+  CAdapterReader& adapter_;
+  Sink& sink_;
+  PixelScale scale_;
+  bool trueCurves_;
+  Before before_ = Before::kNothing;
+  PlanePoint current_{0.0, 0.0};
+  PlanePoint first_{0.0, 0.0};        // of the sub-path
+  PlanePoint lastControl_{0.0, 0.0};  // of the curve before: what a smooth command reflects
+};
+
+template <PathSink Sink>
+bool PathWalk<Sink>::runSubPath(const _svg_singlepath& subPath) {
+  before_ = Before::kNothing;
+  first_ = current_;
+  if (!sink_.beginSubPath()) return false;
+  for (std::int32_t i = 0; i < subPath.dataCount; ++i) {
+    if (!step(subPath.data[i])) return false;
+  }
+  return sink_.endSubPath(subPath);
+}
+
+/// A relative move at the very start is absolute, since the walk starts at the origin.
+template <PathSink Sink>
+bool PathWalk<Sink>::step(const _svg_path_data& d) {
+  constexpr From kAbs = From::kOrigin;
+  constexpr From kRel = From::kCurrent;
+  constexpr double kPlus = 0.0;  // a lone zero loses its sign
+  switch (d.command) {
+    case kPathClose:
+      return close();
+    case kPathMoveAbs:
+      return moveTo(point<kAbs>(d.arg0, d.arg1));
+    case kPathMoveRel:
+      return moveTo(point<kRel>(d.arg0, d.arg1));
+    case kPathLineAbs:
+      return lineTo(point<kAbs>(d.arg0, d.arg1));
+    case kPathLineRel:
+      return lineTo(point<kRel>(d.arg0, d.arg1));
+    case kPathHorizontalAbs:
+      return lineTo({along<kAbs>(d.arg0, 0.0) + kPlus, current_.y});
+    case kPathHorizontalRel:
+      return lineTo({along<kRel>(d.arg0, current_.x), current_.y});
+    case kPathVerticalAbs:
+      return lineTo({current_.x, along<kAbs>(d.arg0, 0.0) + kPlus});
+    case kPathVerticalRel:
+      return lineTo({current_.x, along<kRel>(d.arg0, current_.y)});
+    case kPathCubicAbs:
+      return cubic(point<kAbs>(d.arg0, d.arg1), point<kAbs>(d.arg2, d.arg3),
+                   point<kAbs>(d.arg4, d.arg5));
+    case kPathCubicRel:
+      return cubic(point<kRel>(d.arg0, d.arg1), point<kRel>(d.arg2, d.arg3),
+                   point<kRel>(d.arg4, d.arg5));
+    case kPathSmoothCubicAbs:
+      return cubic(smoothCubicControl(), point<kAbs>(d.arg0, d.arg1), point<kAbs>(d.arg2, d.arg3));
+    case kPathSmoothCubicRel:
+      return cubic(smoothCubicControl(), point<kRel>(d.arg0, d.arg1), point<kRel>(d.arg2, d.arg3));
+    case kPathQuadAbs:
+      return quadratic(point<kAbs>(d.arg0, d.arg1), point<kAbs>(d.arg2, d.arg3));
+    case kPathQuadRel:
+      return quadratic(point<kRel>(d.arg0, d.arg1), point<kRel>(d.arg2, d.arg3));
+    case kPathSmoothQuadAbs:
+      return quadratic(smoothQuadraticControl(), point<kAbs>(d.arg0, d.arg1));
+    case kPathSmoothQuadRel:
+      return quadratic(smoothQuadraticControl(), point<kRel>(d.arg0, d.arg1));
+    case kPathArcAbs:
+      return arc(d, point<kAbs>(d.arg0, d.arg1));
+    case kPathArcRel:
+      return arc(d, point<kRel>(d.arg0, d.arg1));
+    default:
+      return true;  // no command
+  }
+}
+
+template <PathSink Sink>
+bool PathWalk<Sink>::moveTo(PlanePoint to) {
+  before_ = Before::kOther;
+  first_ = current_ = to;
+  return sink_.moveTo(to);
+}
+
+template <PathSink Sink>
+bool PathWalk<Sink>::lineTo(PlanePoint to) {
+  before_ = Before::kOther;
+  const PlanePoint from = current_;
+  current_ = to;
+  return sink_.lineTo(from, to);
+}
+
+template <PathSink Sink>
+bool PathWalk<Sink>::cubic(PlanePoint first, PlanePoint second, PlanePoint end) {
+  before_ = Before::kCubic;
+  lastControl_ = second;
+  return curve(first, second, end);
+}
+
+template <PathSink Sink>
+bool PathWalk<Sink>::quadratic(PlanePoint control, PlanePoint end) {
+  before_ = Before::kQuadratic;
+  lastControl_ = control;
+  PlanePoint first, second;
+  raiseQuadratic(current_, control, end, trueCurves_, &first, &second);
+  return curve(first, second, end);
+}
+
+template <PathSink Sink>
+bool PathWalk<Sink>::curve(PlanePoint first, PlanePoint second, PlanePoint end) {
+  const CubicPoints points{current_, first, second, end};
+  current_ = end;
+  return sink_.curveTo(points);
+}
+
+template <PathSink Sink>
+PlanePoint PathWalk<Sink>::smoothCubicControl() const {
+  return before_ == Before::kCubic ? reflected(lastControl_) : current_;
+}
+
+/// Kept: after any other command the control reflects the origin, and as the first command of a
+/// sub-path it is the origin itself.
+template <PathSink Sink>
+PlanePoint PathWalk<Sink>::smoothQuadraticControl() const {
+  constexpr PlanePoint kOrigin{0.0, 0.0};
+  if (before_ == Before::kNothing) return kOrigin;
+  return reflected(before_ == Before::kQuadratic ? lastControl_ : kOrigin);
+}
+
+template <PathSink Sink>
+bool PathWalk<Sink>::arc(const _svg_path_data& d, PlanePoint end) {
+  constexpr double kNoRadius = 1e-9 * kSpaceUnits;  // an arc with such a radius is a straight line
+  const ArcEnds ends{current_.x,
+                     current_.y,
+                     end.x,
+                     end.y,
+                     std::fabs(scale_.spaceUnits(d.arg2)),
+                     std::fabs(scale_.spaceUnits(d.arg3)),
+                     adapter_.SVGAngleToRAD({d.arg4.unit, d.arg4.value}),
+                     d.arg4.axis != 0,
+                     d.arg5.unit != 0};
+  if (ends.rx < kNoRadius || ends.ry < kNoRadius) return lineTo(end);
+  before_ = Before::kOther;
+  ArcCenter center{};
+  if (!arcFromEnds(ends, &center)) return true;
+  current_ = end;
+  return sink_.arcTo(ends, center);
+}
+
+/// Commands that follow go on from the sub-path's first point.
+template <PathSink Sink>
+bool PathWalk<Sink>::close() {
+  before_ = Before::kOther;
+  const PlanePoint from = current_;
+  current_ = first_;
+  return sink_.closeTo(from, first_);
+}
 
 }  // namespace egfsvg

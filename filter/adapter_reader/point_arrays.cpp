@@ -4,14 +4,20 @@
 
 #include "adapter_reader/owners.h"
 #include "adapter_reader/pixel_scale.h"
+#include "adapter_reader/point_map.h"
 #include "host/egf_templates.h"
 #include "model/rmm_allocator.h"
 
 namespace egfsvg {
+namespace {
 
-_egf_obj* newObject(int objClass, const char* file, int line) {
-  return static_cast<_egf_obj*>(RMM_ChownName(EEL_AllocObject(objClass, file, line)));
+_mpl_spacerect_tag boxOf(const _mpl_spacept_tag* points, std::int32_t count) {
+  _mpl_spacerect_tag box{points[0].x, points[0].x, points[0].y, points[0].y};
+  for (std::int32_t i = 1; i < count; ++i) includePoint(box, points[i]);
+  return box;
 }
+
+}  // namespace
 
 _egf_obj* allocateObject(int objClass, const char* file, int line) {
   _egf_obj* object = newObject(objClass, file, line);
@@ -39,45 +45,54 @@ void rectCorners(CAdapterReader& adapter, const _svg_point& origin, const _svg_v
   corners[3] = {right, top};
 }
 
+_mpl_spacept_tag* copiedPoints(const _mpl_spacept_tag* points, std::size_t count) {
+  auto* copy = allocateArray<_mpl_spacept_tag>(count, RMM_SITE);
+  if (copy != nullptr) std::memcpy(copy, points, count * sizeof *copy);
+  return copy;
+}
+
 bool setPoints(EgfPolygon* polygon, const _mpl_spacept_tag* points, std::int32_t count) {
-  auto* copy = allocateArray<_mpl_spacept_tag>(static_cast<std::size_t>(count), RMM_SITE);
+  _mpl_spacept_tag* copy = copiedPoints(points, static_cast<std::size_t>(count));
   if (copy == nullptr) {
     logOutOfMemory(RMM_SITE);
     return false;
   }
-  std::memcpy(copy, points, static_cast<std::size_t>(count) * sizeof *copy);
   polygon->points = copy;
   polygon->pointCount = count;
   return true;
 }
 
-_mpl_spacept_tag* convertedPoints(CAdapterReader& adapter, const _svg_point* points,
-                                  std::int32_t count) {
-  auto* converted = allocateArray<_mpl_spacept_tag>(static_cast<std::size_t>(count), RMM_SITE);
-  if (converted == nullptr) {
+_mpl_spacept_tag* placedPoints(CAdapterReader& adapter, const _svg_point* points,
+                               std::int32_t count, const _viewPortMap* map,
+                               _mpl_spacerect_tag* box) {
+  auto* placed = allocateArray<_mpl_spacept_tag>(static_cast<std::size_t>(count), RMM_SITE);
+  if (placed == nullptr) {
     logOutOfMemory(RMM_SITE);
     return nullptr;
   }
   const PixelScale scale(adapter);
-  for (std::int32_t i = 0; i < count; ++i) converted[i] = scale.point(points[i].x, points[i].y);
-  return converted;
+  for (std::int32_t i = 0; i < count; ++i) placed[i] = scale.point(points[i].x, points[i].y);
+  if (box != nullptr) *box = boxOf(placed, count);
+  mapPoints(placed, count, map);
+  return placed;
 }
 
-void mapPoints(CAdapterReader& adapter, _mpl_spacept_tag* points, std::int32_t count,
-               _viewPortMap* map) {
+void mapPoints(_mpl_spacept_tag* points, std::int32_t count, const _viewPortMap* map) {
   if (map == nullptr) return;
-  for (std::int32_t i = 0; i < count; ++i) adapter._transformPoint(&points[i], map);
+  const PointMap mapped(map->matrix);
+  for (std::int32_t i = 0; i < count; ++i) points[i] = mapped(points[i]);
 }
 
-_mpl_spacerect_tag pixelBounds(CAdapterReader& adapter, _mpl_spacept_tag* points,
-                               std::int32_t count, double margin) {
-  _mpl_spacerect_tag box{points[0].x, points[0].x, points[0].y, points[0].y};
-  adapter.svg_UpdateObjBoundingBox(box, points, count);
+_mpl_spacerect_tag inPixels(const _mpl_spacerect_tag& box, double margin) {
   const auto side = [](float edge, double by) {
     return static_cast<float>(static_cast<double>(edge) / kSpaceUnits + by);
   };
   return {side(box.left, -margin), side(box.right, margin), side(box.top, -margin),
           side(box.bottom, margin)};
+}
+
+_mpl_spacerect_tag pixelBounds(const _mpl_spacept_tag* points, std::int32_t count, double margin) {
+  return inPixels(boxOf(points, count), margin);
 }
 
 double penWidth(CAdapterReader& adapter, const _svg_value& strokeWidth) {
@@ -90,13 +105,7 @@ using namespace egfsvg;
 
 void CAdapterReader::svg_UpdateObjBoundingBox(_mpl_spacerect_tag& box, _mpl_spacept_tag* points,
                                               int count) {
-  for (int i = 0; i < count; ++i) {
-    const _mpl_spacept_tag point = points[i];
-    if (point.x < box.left) box.left = point.x;
-    if (point.x > box.right) box.right = point.x;
-    if (point.y < box.top) box.top = point.y;
-    if (point.y > box.bottom) box.bottom = point.y;
-  }
+  for (int i = 0; i < count; ++i) includePoint(box, points[i]);
 }
 
 /// The array stays the caller's, unchanged, when memory runs out and the result is null.

@@ -72,7 +72,7 @@ void mapEllipse(CAdapterReader& adapter, _viewPortMap* map, const Decomposition&
 }
 
 /// A new polygon of the ellipse's outline, mapped. Null, with the fault logged, out of memory.
-ObjectOwner shearedOutline(CAdapterReader& adapter, _egf_obj* ellipse, _viewPortMap* map) {
+ObjectOwner shearedOutline(_egf_obj* ellipse, _viewPortMap* map) {
   ObjectOwner object(static_cast<_egf_obj*>(RMM_ChownName(EEL_XlatEllipseToPolygon(ellipse, 0))));
   if (!object) {
     logOutOfMemory(RMM_SITE);
@@ -80,7 +80,7 @@ ObjectOwner shearedOutline(CAdapterReader& adapter, _egf_obj* ellipse, _viewPort
   }
   auto* polygon = as<EgfPolygon>(object.get());
   polygon->pen.modeFlags = FigureBits::with(polygon->pen.modeFlags, kFigureClosed);
-  mapPoints(adapter, polygon->points.get(), polygon->pointCount, map);
+  mapPoints(polygon->points.get(), polygon->pointCount, map);
   return object;
 }
 
@@ -108,7 +108,7 @@ _egf_obj* formatRound(CAdapterReader& adapter, const RoundShape& shape) {
   Decomposition parts;
   decomposeMatrix(map.get()->userSpace->matrix.m, &parts);
   if (parts.shear > 0.0) {  // kept: a negative shear counts as none
-    object = shearedOutline(adapter, object.get(), map.get());
+    object = shearedOutline(object.get(), map.get());
     if (!object) return nullptr;
     FilledPen& pen = filledPen(as<EgfPolygon>(object.get())->pen);
     if (!finishRound(paint, kShearedForm, pen, map.get(), bounds, object.get())) return nullptr;

@@ -12,29 +12,26 @@
 namespace egfsvg {
 namespace {
 
-/// Lines and their kin add half the pen to their bounds. Empty when no gradient needs them.
-_mpl_spacerect_tag strokedBounds(CAdapterReader& adapter, _mpl_spacept_tag* points,
-                                 std::int32_t count, const _svg_pa_fill* fill,
-                                 const _svg_pa_stroke& stroke) {
-  if (fill == nullptr ? !needsBounds(stroke) : !needsBounds(*fill, stroke)) return {};
-  return pixelBounds(adapter, points, count, penWidth(adapter, stroke.strokeWidth) / 2.0);
+/// Lines and their kin add half the pen to their bounds.
+double margin(CAdapterReader& adapter, const _svg_pa_stroke& stroke) {
+  return penWidth(adapter, stroke.strokeWidth) / 2.0;
 }
 
-/// Points of an element, bounds and map, as polylines and polygons take them.
+/// Points of an element on the page, as polylines and polygons take them.
 struct PlacedPoints {
   RmmOwner<_mpl_spacept_tag> points;
-  _mpl_spacerect_tag bounds;
+  _mpl_spacerect_tag bounds;  // before the map, for a gradient alone
 };
 
 /// No points: null, without a fault.
 PlacedPoints placePoints(CAdapterReader& adapter, const PointShape& shape, _viewPortMap* map) {
   PlacedPoints placed{};
   if (shape.points == nullptr || shape.count <= 0) return placed;
-  placed.points.reset(convertedPoints(adapter, shape.points, shape.count));
-  if (!placed.points) return placed;
-  placed.bounds =
-      strokedBounds(adapter, placed.points.get(), shape.count, &shape.fill, shape.stroke);
-  mapPoints(adapter, placed.points.get(), shape.count, map);
+  const bool boxed = needsBounds(shape.fill, shape.stroke);
+  _mpl_spacerect_tag box{};
+  placed.points.reset(
+      placedPoints(adapter, shape.points, shape.count, map, boxed ? &box : nullptr));
+  if (boxed) placed.bounds = inPixels(box, margin(adapter, shape.stroke));
   return placed;
 }
 
@@ -69,8 +66,9 @@ _egf_obj* CAdapterReader::SVG_formatEGFLine(_svg_line* element) {
   const PixelScale scale(*this);
   ends[0] = scale.point(element->x1, element->y1);
   ends[1] = scale.point(element->x2, element->y2);
-  const _mpl_spacerect_tag bounds = strokedBounds(*this, ends, 2, nullptr, element->stroke);
-  mapPoints(*this, ends, 2, by.get());
+  _mpl_spacerect_tag bounds{};
+  if (needsBounds(element->stroke)) bounds = pixelBounds(ends, 2, margin(*this, element->stroke));
+  mapPoints(ends, 2, by.get());
   auto* line = as<EgfLine>(object.get());
   line->pen = kLinePen;
   line->pen.scaleFactor = 1.0;

@@ -67,7 +67,7 @@ bool putArcs(const CornerScene& scene, _egf_obj* path) {
                    static_cast<float>(static_cast<double>(scene.ry) * scene.scaleY)};
   for (const RoundedCorner& row : kRoundedCorners) {
     _mpl_spacept_tag center = cornerCenter(scene.corners, row, scene.rx, scene.ry);
-    mapPoints(scene.adapter, &center, 1, scene.map);
+    mapPoints(&center, 1, scene.map);
     arc->center = center;
     arc->startAngle = row.startDegrees * kMillionths;
     arc->endAngle = row.endDegrees * kMillionths;
@@ -88,7 +88,7 @@ bool putCurve(const CornerScene& scene, const RoundedCorner& row, _egf_obj* path
   const ObjectOwner object(allocateObject(kClassPolygon, RMM_SITE));
   if (!object) return false;
   points[0] = cornerStart(row, scene.corners[row.corner], center);
-  mapPoints(scene.adapter, points, count, scene.map);
+  mapPoints(points, count, scene.map);
   auto* curve = as<EgfPolygon>(object.get());
   curve->points = owned.release();
   curve->pointCount = count;
@@ -114,7 +114,7 @@ _egf_obj* CAdapterReader::_getBoxRect(_mpl_spacept_tag* corners, _viewPortMap* b
   auto* box = as<EgfPolygon>(object.get());
   setPolygonTemplate(box);
   if (!setPoints(box, corners, kRectCorners)) return nullptr;
-  mapPoints(*this, box->points.get(), kRectCorners, by);
+  mapPoints(box->points.get(), kRectCorners, by);
   return object.release();
 }
 

@@ -22,7 +22,6 @@ namespace {
 
 constexpr double kWholeDegree = 1.0;  // arcs below it lose their flags when they are written
 constexpr double kMillionth = 1'000'000.0;
-constexpr double kUnitsPerPixel = 4096.0;
 
 std::int32_t millionths(double degrees) { return rounded<std::int32_t>(degrees * kMillionth); }
 
@@ -34,7 +33,7 @@ bool sameStored(PlanePoint a, PlanePoint b) {
 
 }  // namespace
 
-bool BezierPathBuilder::beginSubPath(const _svg_singlepath& subPath) {
+bool BezierPathBuilder::beginSubPath() {
   hasClose_ = false;
   if (!several_) {
     target_ = outer_.get();
@@ -42,7 +41,6 @@ bool BezierPathBuilder::beginSubPath(const _svg_singlepath& subPath) {
   }
   sub_.reset(newObject(kClassPath, RMM_SITE));
   target_ = sub_.get();
-  (void)subPath;
   return target_ != nullptr;
 }
 
@@ -56,32 +54,46 @@ bool BezierPathBuilder::endSubPath(const _svg_singlepath&) {
 
 bool BezierPathBuilder::moveTo(PlanePoint to) { return attachRun() && addToRun(to); }
 
+bool BezierPathBuilder::addToRun(PlanePoint point) {
+  grow(point);
+  here_ = mapped(point);
+  return run_.push(here_);
+}
+
 /// After a curve the run is empty, so it starts again where the curve ended.
 bool BezierPathBuilder::lineTo(PlanePoint from, PlanePoint to) {
-  if (runCount_ == 0 && !addToRun(from)) return false;
+  if (run_.empty()) {
+    grow(from);
+    if (!run_.push(here_)) return false;
+  }
   return addToRun(to);
 }
 
 bool BezierPathBuilder::closeTo(PlanePoint from, PlanePoint first) {
   hasClose_ = true;
-  return sameStored(from, first) || lineTo(from, first);
+  if (!sameStored(from, first)) return lineTo(from, first);
+  here_ = mapped(first);
+  return true;
 }
 
-bool BezierPathBuilder::curveTo(const PlanePoint (&controls)[4]) {
+bool BezierPathBuilder::curveTo(const CubicPoints& cubic) {
   if (!attachRun()) return false;
   RmmOwner<_mpl_spacept_tag> points(allocateArray<_mpl_spacept_tag>(4, RMM_SITE));
   if (!points) return false;
-  for (int i = 0; i < 4; ++i) {
-    grow(controls[i]);
-    points.get()[i] = mapped(controls[i]);
-  }
-  adapter_._checkBezierCntrlPts(points.get());
+  for (const PlanePoint& point : {cubic.from, cubic.first, cubic.second, cubic.to}) grow(point);
+  _mpl_spacept_tag* p = points.get();
+  p[0] = here_;
+  p[1] = mapped(cubic.first);
+  p[2] = mapped(cubic.second);
+  p[3] = here_ = mapped(cubic.to);
+  repairControls(adapter_, p);
   return putCurve(std::move(points), 4);
 }
 
 bool BezierPathBuilder::arcTo(const ArcEnds& ends, const ArcCenter& arc) {
   if (!attachRun()) return false;
-  growByArc(ends, arc);
+  if (boxed_) growByArc(ends, arc);
+  here_ = mapped(PlanePoint{ends.x2, ends.y2});
   if (!isPlainArc(ends, arc)) return putArcCurve(ends, arc);
   const ArcCenter child = childArc(ends, arc);
   switch (formOf(child)) {
@@ -131,7 +143,7 @@ bool BezierPathBuilder::putArc(const ArcCenter& arc, bool clockwise) {
   if (!object) return false;
   EgfArc* record = as<EgfArc>(object.get());
   record->pen = kArcPen;
-  record->center = mapped({arc.cx, arc.cy});
+  record->center = mapped(PlanePoint{arc.cx, arc.cy});
   record->radiusPt = {static_cast<float>(arc.rx), static_cast<float>(arc.ry)};
   record->startAngle = millionths(arc.start);
   record->endAngle = millionths(arc.end);
@@ -166,14 +178,12 @@ bool BezierPathBuilder::putArcCurve(const ArcEnds& ends, const ArcCenter& arc) {
                             ends.sweep ? 1 : 0, ends.largeArc ? 1 : 0, points, &count);
   if (points == nullptr) return false;
   points[0] = {static_cast<float>(ends.x1), static_cast<float>(ends.y1)};
-  if (map_ != nullptr) {
-    for (int i = 0; i < count; ++i) adapter_._transformPoint(&points[i], map_);
-  }
+  for (int i = 0; i < count; ++i) points[i] = mapped(points[i]);
   return putCurve(RmmOwner<_mpl_spacept_tag>(points), count);
 }
 
 /// Kept: a curve child has no pen of its own, its mode is the mark alone.
-bool BezierPathBuilder::putCurve(RmmOwner<_mpl_spacept_tag> points, int count) {
+bool BezierPathBuilder::putCurve(RmmOwner<_mpl_spacept_tag>&& points, int count) {
   ObjectOwner object(newObject(kClassPolygon, RMM_SITE));
   if (!object) return false;
   EgfPolygon* curve = as<EgfPolygon>(object.get());
@@ -183,45 +193,20 @@ bool BezierPathBuilder::putCurve(RmmOwner<_mpl_spacept_tag> points, int count) {
   return handOver(target_, object);
 }
 
-bool BezierPathBuilder::addToRun(PlanePoint point) {
-  grow(point);
-  _mpl_spacept_tag place = mapped(point);
-  _mpl_spacept_tag* grown = adapter_.AddNewPointData(run_, &runCount_, &place, 1);
-  if (grown == nullptr) return false;
-  run_ = grown;
-  return true;
-}
-
 /// Runs of one point draw nothing.
-bool BezierPathBuilder::attachRun() {
-  if (run_ == nullptr) return true;
-  if (runCount_ < 2) {
-    freeRun();
-    return true;
-  }
-  _mpl_spacept_tag* run = std::exchange(run_, nullptr);
-  unsigned int count = std::exchange(runCount_, 0U);
-  return adapter_._attachPlineToPath(run, &count, target_) == 0;
-}
-
-void BezierPathBuilder::freeRun() {
-  RMM_Free(run_);
-  run_ = nullptr;
-  runCount_ = 0;
-}
-
-_mpl_spacept_tag BezierPathBuilder::mapped(PlanePoint point) const {
-  _mpl_spacept_tag place{static_cast<float>(point.x), static_cast<float>(point.y)};
-  if (map_ != nullptr) adapter_._transformPoint(&place, map_);
-  return place;
+bool BezierPathBuilder::attachPoints() {
+  const auto count = static_cast<unsigned int>(run_.count());
+  run_.clear();
+  return count < 2 || attachStraight(target_, run_.data(), count);
 }
 
 /// The box of a gradient holds the points as they stand before any transform.
 void BezierPathBuilder::grow(PlanePoint point) {
-  _mpl_spacept_tag place{static_cast<float>(point.x), static_cast<float>(point.y)};
-  if (!boxed_) box_ = {place.x, place.x, place.y, place.y};
-  boxed_ = true;
-  adapter_.svg_UpdateObjBoundingBox(box_, &place, 1);
+  if (!boxed_) return;
+  const _mpl_spacept_tag place = stored(point);
+  if (!boxStarted_) box_ = {place.x, place.x, place.y, place.y};
+  boxStarted_ = true;
+  includePoint(box_, place);
 }
 
 void BezierPathBuilder::growByArc(const ArcEnds& ends, const ArcCenter& arc) {
@@ -238,13 +223,7 @@ void BezierPathBuilder::growByArc(const ArcEnds& ends, const ArcCenter& arc) {
 }
 
 /// In pixels, grown by half the pen.
-_mpl_spacerect_tag BezierPathBuilder::bounds(double margin) const {
-  const auto side = [](float edge, double by) {
-    return static_cast<float>(static_cast<double>(edge) / kUnitsPerPixel + by);
-  };
-  return {side(box_.left, -margin), side(box_.right, margin), side(box_.top, -margin),
-          side(box_.bottom, margin)};
-}
+_mpl_spacerect_tag BezierPathBuilder::bounds(double margin) const { return inPixels(box_, margin); }
 
 }  // namespace egfsvg
 
@@ -252,7 +231,9 @@ _egf_obj* CAdapterReader::SVG_formatGDIPlusPath(_svg_path* element) {
   using namespace egfsvg;
   if (element->graphics.visibility == kHidden) return nullptr;
   MapOwner pathMap(*this, _findMapMatrix(&element->head, nullptr, nullptr));
-  BezierPathBuilder builder(*this, pathMap.get(), element->pathCount > 1);
+  const bool gradient =
+      element->fill.fillGradient != nullptr || element->stroke.strokeGradient != nullptr;
+  BezierPathBuilder builder(*this, {pathMap.get(), element->pathCount > 1, gradient});
   if (!builder.ready() || !PathWalk(*this, builder).run(*element)) {
     logOutOfMemory(RMM_SITE);
     return nullptr;

@@ -47,7 +47,7 @@ ObjectOwner viewportObject(CAdapterReader& adapter, int objClass, const Viewport
   polygon->pen.fillStyle = kFillNone;
   if (!setPoints(polygon, corners, 4)) return nullptr;
   const MapOwner map(adapter, adapter._findMapMatrix(box.mapped, nullptr, nullptr));
-  mapPoints(adapter, polygon->points.get(), 4, map.get());
+  mapPoints(polygon->points.get(), 4, map.get());
   return object;
 }
 
