@@ -68,6 +68,7 @@ class BezierPathBuilder {
 
   bool isPlainArc(const ArcEnds& ends, const ArcCenter& arc) const;
   ArcCenter childArc(const ArcEnds& ends, const ArcCenter& arc) const;
+  void decomposeMap();
   bool putArc(const ArcCenter& arc, bool clockwise);
   bool putArcHalves(const ArcCenter& arc, bool clockwise);
   bool putArcCurve(const ArcEnds& ends, const ArcCenter& arc);
@@ -75,7 +76,11 @@ class BezierPathBuilder {
   bool addToRun(PlanePoint point);
   bool attachRun() { return run_.empty() || attachPoints(); }
   bool attachPoints();
-  void grow(PlanePoint point);
+  void grow(PlanePoint point) {
+    if (plan_.boxed) [[unlikely]]
+      growBox(point);
+  }
+  [[gnu::noinline]] void growBox(PlanePoint point);
   void growByArc(const ArcEnds& ends, const ArcCenter& arc);
   _mpl_spacept_tag mapped(_mpl_spacept_tag place) const { return map_ ? (*map_)(place) : place; }
   _mpl_spacept_tag mapped(PlanePoint point) const { return mapped(stored(point)); }
@@ -83,9 +88,9 @@ class BezierPathBuilder {
   static void turnCircle(double rotation, ArcCenter* arc);
 
   CAdapterReader& adapter_;
+  Plan plan_;
   std::optional<PointMap> map_;
-  bool several_;
-  bool boxed_;
+  bool decomposed_ = false;  // the next four are those of the map; only arcs ask for them
   double shear_ = 0.0, scaleX_ = 1.0, scaleY_ = 1.0, rotation_ = 0.0;
   ObjectOwner outer_;
   ObjectOwner sub_;

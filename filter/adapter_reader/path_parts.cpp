@@ -62,17 +62,19 @@ bool attachStraight(_egf_obj* path, const _mpl_spacept_tag* points, unsigned int
 
 BezierPathBuilder::BezierPathBuilder(CAdapterReader& adapter, const Plan& plan)
     : adapter_(adapter),
-      several_(plan.several),
-      boxed_(plan.boxed),
+      plan_(plan),
       outer_(newObject(kClassPath, RMM_SITE)),
       run_(adapter.state.straightRun) {
   run_.clear();
   if (plan.map != nullptr) map_.emplace(plan.map->matrix);
   here_ = mapped(PlanePoint{0.0, 0.0});
-  if (plan.map != nullptr && plan.map->userSpace != nullptr) {
-    adapter.svg_DecomposeMatrix(plan.map->userSpace->matrix.m, &shear_, &scaleX_, &scaleY_,
-                                &rotation_);
-  }
+}
+
+void BezierPathBuilder::decomposeMap() {
+  if (decomposed_ || plan_.map == nullptr || plan_.map->userSpace == nullptr) return;
+  decomposed_ = true;
+  adapter_.svg_DecomposeMatrix(plan_.map->userSpace->matrix.m, &shear_, &scaleX_, &scaleY_,
+                               &rotation_);
 }
 
 bool BezierPathBuilder::hasChildren() const {

@@ -35,7 +35,7 @@ bool sameStored(PlanePoint a, PlanePoint b) {
 
 bool BezierPathBuilder::beginSubPath() {
   hasClose_ = false;
-  if (!several_) {
+  if (!plan_.several) {
     target_ = outer_.get();
     return true;
   }
@@ -48,7 +48,7 @@ bool BezierPathBuilder::endSubPath(const _svg_singlepath&) {
   if (!attachRun()) return false;
   EgfPath* path = as<EgfPath>(target_);
   path->pathKind = hasClose_ ? kPathClosedFigure : 0U;
-  if (!several_ || !path->firstChild) return true;
+  if (!plan_.several || !path->firstChild) return true;
   return handOver(outer_.get(), sub_);
 }
 
@@ -92,8 +92,9 @@ bool BezierPathBuilder::curveTo(const CubicPoints& cubic) {
 
 bool BezierPathBuilder::arcTo(const ArcEnds& ends, const ArcCenter& arc) {
   if (!attachRun()) return false;
-  if (boxed_) growByArc(ends, arc);
+  if (plan_.boxed) growByArc(ends, arc);
   here_ = mapped(PlanePoint{ends.x2, ends.y2});
+  decomposeMap();
   if (!isPlainArc(ends, arc)) return putArcCurve(ends, arc);
   const ArcCenter child = childArc(ends, arc);
   switch (formOf(child)) {
@@ -201,8 +202,7 @@ bool BezierPathBuilder::attachPoints() {
 }
 
 /// The box of a gradient holds the points as they stand before any transform.
-void BezierPathBuilder::grow(PlanePoint point) {
-  if (!boxed_) return;
+void BezierPathBuilder::growBox(PlanePoint point) {
   const _mpl_spacept_tag place = stored(point);
   if (!boxStarted_) box_ = {place.x, place.x, place.y, place.y};
   boxStarted_ = true;
