@@ -81,9 +81,10 @@ class BezierPathBuilder {
       growBox(point);
   }
   [[gnu::noinline]] void growBox(PlanePoint point);
+  void growByCurve(const CubicPoints& cubic);
   void growByArc(const ArcEnds& ends, const ArcCenter& arc);
   _mpl_spacept_tag mapped(_mpl_spacept_tag place) const { return map_ ? (*map_)(place) : place; }
-  _mpl_spacept_tag mapped(PlanePoint point) const { return mapped(stored(point)); }
+  _mpl_spacept_tag mapped(const PlanePoint& point) const { return mapped(stored(point)); }
   static ArcForm formOf(const ArcCenter& child);
   static void turnCircle(double rotation, ArcCenter* arc);
 

@@ -15,16 +15,6 @@
 
 namespace egfsvg {
 
-struct PlanePoint {
-  double x, y;
-  bool operator==(const PlanePoint&) const = default;
-};
-
-/// A point as it is stored.
-inline _mpl_spacept_tag stored(PlanePoint point) {
-  return {static_cast<float>(point.x), static_cast<float>(point.y)};
-}
-
 /// The current point and the three that a cubic curve is given by.
 struct CubicPoints {
   PlanePoint from, first, second, to;
@@ -78,9 +68,9 @@ class PathWalk {
   bool step(const _svg_path_data& command);
   bool moveTo(PlanePoint to);
   bool lineTo(PlanePoint to);
-  bool cubic(PlanePoint first, PlanePoint second, PlanePoint end);
+  bool cubic(const CubicPoints& points);
   bool quadratic(PlanePoint control, PlanePoint end);
-  bool curve(PlanePoint first, PlanePoint second, PlanePoint end);
+  bool curve(const CubicPoints& points);
   bool arc(const _svg_path_data& command, PlanePoint end);
   bool close();
   PlanePoint smoothCubicControl() const;
@@ -96,7 +86,9 @@ class PathWalk {
   }
   template <From kFrom>
   PlanePoint point(const _svg_value& x, const _svg_value& y) const {
-    return {along<kFrom>(x, current_.x), along<kFrom>(y, current_.y)};
+    const PlanePoint given = scale_.place(x, y);
+    if constexpr (kFrom == From::kOrigin) return given;
+    return {given.x + current_.x, given.y + current_.y};
   }
 
   CAdapterReader& adapter_;
@@ -146,15 +138,17 @@ bool PathWalk<Sink>::step(const _svg_path_data& d) {
     case kPathVerticalRel:
       return lineTo({current_.x, along<kRel>(d.arg0, current_.y)});
     case kPathCubicAbs:
-      return cubic(point<kAbs>(d.arg0, d.arg1), point<kAbs>(d.arg2, d.arg3),
-                   point<kAbs>(d.arg4, d.arg5));
+      return cubic({current_, point<kAbs>(d.arg0, d.arg1), point<kAbs>(d.arg2, d.arg3),
+                    point<kAbs>(d.arg4, d.arg5)});
     case kPathCubicRel:
-      return cubic(point<kRel>(d.arg0, d.arg1), point<kRel>(d.arg2, d.arg3),
-                   point<kRel>(d.arg4, d.arg5));
+      return cubic({current_, point<kRel>(d.arg0, d.arg1), point<kRel>(d.arg2, d.arg3),
+                    point<kRel>(d.arg4, d.arg5)});
     case kPathSmoothCubicAbs:
-      return cubic(smoothCubicControl(), point<kAbs>(d.arg0, d.arg1), point<kAbs>(d.arg2, d.arg3));
+      return cubic({current_, smoothCubicControl(), point<kAbs>(d.arg0, d.arg1),
+                    point<kAbs>(d.arg2, d.arg3)});
     case kPathSmoothCubicRel:
-      return cubic(smoothCubicControl(), point<kRel>(d.arg0, d.arg1), point<kRel>(d.arg2, d.arg3));
+      return cubic({current_, smoothCubicControl(), point<kRel>(d.arg0, d.arg1),
+                    point<kRel>(d.arg2, d.arg3)});
     case kPathQuadAbs:
       return quadratic(point<kAbs>(d.arg0, d.arg1), point<kAbs>(d.arg2, d.arg3));
     case kPathQuadRel:
@@ -188,25 +182,24 @@ bool PathWalk<Sink>::lineTo(PlanePoint to) {
 }
 
 template <PathSink Sink>
-bool PathWalk<Sink>::cubic(PlanePoint first, PlanePoint second, PlanePoint end) {
+bool PathWalk<Sink>::cubic(const CubicPoints& points) {
   before_ = Before::kCubic;
-  lastControl_ = second;
-  return curve(first, second, end);
+  lastControl_ = points.second;
+  return curve(points);
 }
 
 template <PathSink Sink>
 bool PathWalk<Sink>::quadratic(PlanePoint control, PlanePoint end) {
   before_ = Before::kQuadratic;
   lastControl_ = control;
-  PlanePoint first, second;
-  raiseQuadratic(current_, control, end, trueCurves_, &first, &second);
-  return curve(first, second, end);
+  CubicPoints points{current_, {}, {}, end};
+  raiseQuadratic(current_, control, end, trueCurves_, &points.first, &points.second);
+  return curve(points);
 }
 
 template <PathSink Sink>
-bool PathWalk<Sink>::curve(PlanePoint first, PlanePoint second, PlanePoint end) {
-  const CubicPoints points{current_, first, second, end};
-  current_ = end;
+bool PathWalk<Sink>::curve(const CubicPoints& points) {
+  current_ = points.to;
   return sink_.curveTo(points);
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "adapter_reader/page.h"
+#include "adapter_reader/plane_point.h"
 #include "adapter_reader/svg_adapterreader.h"
 #include "host/egf_small.h"
 
@@ -32,8 +33,14 @@ class PixelScale {
   }
   double spaceUnits(const _svg_value& value) const { return pixels(value) * kSpaceUnits; }
 
+  /// Both coordinates of a point, in space units.
+  PlanePoint place(const _svg_value& x, const _svg_value& y) const {
+    if (x.unit == kUnitPixel && y.unit == kUnitPixel) [[likely]]
+      return {perUnit_ * x.value * kSpaceUnits, perUnit_ * y.value * kSpaceUnits};
+    return {spaceUnits(x), spaceUnits(y)};
+  }
   _mpl_spacept_tag point(const _svg_value& x, const _svg_value& y) const {
-    return {static_cast<float>(spaceUnits(x)), static_cast<float>(spaceUnits(y))};
+    return stored(place(x, y));
   }
 
  private:

@@ -80,7 +80,8 @@ bool BezierPathBuilder::curveTo(const CubicPoints& cubic) {
   if (!attachRun()) return false;
   RmmOwner<_mpl_spacept_tag> points(allocateArray<_mpl_spacept_tag>(4, RMM_SITE));
   if (!points) return false;
-  for (const PlanePoint& point : {cubic.from, cubic.first, cubic.second, cubic.to}) grow(point);
+  if (plan_.boxed) [[unlikely]]
+    growByCurve(cubic);
   _mpl_spacept_tag* p = points.get();
   p[0] = here_;
   p[1] = mapped(cubic.first);
@@ -207,6 +208,10 @@ void BezierPathBuilder::growBox(PlanePoint point) {
   if (!boxStarted_) box_ = {place.x, place.x, place.y, place.y};
   boxStarted_ = true;
   includePoint(box_, place);
+}
+
+void BezierPathBuilder::growByCurve(const CubicPoints& cubic) {
+  for (const PlanePoint& point : {cubic.from, cubic.first, cubic.second, cubic.to}) growBox(point);
 }
 
 void BezierPathBuilder::growByArc(const ArcEnds& ends, const ArcCenter& arc) {
