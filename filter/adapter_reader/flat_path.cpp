@@ -155,7 +155,10 @@ _egf_obj* CAdapterReader::SVG_formatEGFPath(_svg_path* element) {
     logOutOfMemory(RMM_SITE);
     return nullptr;
   }
-  const _mpl_spacerect_tag bounds = builder.bounds(penWidth(*this, element->stroke.strokeWidth));
+  _mpl_spacerect_tag bounds{};
+  if (needsBounds(element->fill, element->stroke)) {
+    bounds = builder.bounds(penWidth(*this, element->stroke.strokeWidth));
+  }
   MapOwner pathMap(*this, _findMapMatrix(&element->head, nullptr, nullptr));
   builder.mapPoints(pathMap.get());
   builder.finish();

@@ -6,6 +6,7 @@
 
 #include "adapter_reader/path_builder.h"
 #include "adapter_reader/point_arrays.h"
+#include "adapter_reader/shape_paint.h"
 #include "adapter_reader/svg_adapterreader.h"
 #include "geometry/angles.h"
 #include "geometry/arcs.h"
@@ -236,9 +237,8 @@ _egf_obj* CAdapterReader::SVG_formatGDIPlusPath(_svg_path* element) {
   using namespace egfsvg;
   if (element->graphics.visibility == kHidden) return nullptr;
   MapOwner pathMap(*this, _findMapMatrix(&element->head, nullptr, nullptr));
-  const bool gradient =
-      element->fill.fillGradient != nullptr || element->stroke.strokeGradient != nullptr;
-  BezierPathBuilder builder(*this, {pathMap.get(), element->pathCount > 1, gradient});
+  BezierPathBuilder builder(
+      *this, {pathMap.get(), element->pathCount > 1, needsBounds(element->fill, element->stroke)});
   if (!builder.ready() || !PathWalk(*this, builder).run(*element)) {
     logOutOfMemory(RMM_SITE);
     return nullptr;
