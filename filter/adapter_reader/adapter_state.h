@@ -20,8 +20,7 @@ namespace egfsvg {
 /// and its matrices serve as long as elements have the same transform list.
 struct MapBlock {
   bool inUse = false;
-  ListStamp matricesOf = ListStamp::kNone;
-  _transformMatrix onPage;  // the product, as it was before anyone multiplied into the map's
+  ListStamp matricesOf = ListStamp::kNone;  // kNone also after something was multiplied into them
   _viewPortMap map;
   _userSpace userSpace;
   _viewBox viewBox;

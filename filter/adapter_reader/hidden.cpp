@@ -1,6 +1,5 @@
 #include "adapter_reader/hidden.h"
 
-#include "host/settings.h"
 #include "model/elements.h"
 
 namespace egfsvg {
@@ -31,19 +30,14 @@ bool hidesContent(const _svg_common* head) {
   return false;
 }
 
-bool standsUnderNone(const _svg_common* element) {
+}  // namespace
+
+bool standsUnderNone(const void* record) {
+  const auto* element = static_cast<const _svg_common*>(record);
   for (const _svg_common* head = element->parent; head != nullptr; head = head->parent) {
     if (hidesContent(head)) return true;
   }
   return false;
-}
-
-}  // namespace
-
-bool isNotDisplayed(const _svg_pa_graphics& graphics, const void* record) {
-  if (graphics.display == kDisplayNone) return true;
-  return settingOn(Setting::kHideUnderNone) &&
-         standsUnderNone(static_cast<const _svg_common*>(record));
 }
 
 }  // namespace egfsvg

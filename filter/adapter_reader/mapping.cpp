@@ -50,7 +50,6 @@ bool keepsMatricesOf(CAdapterReader& adapter, const _svg_common& element) {
 void keepMatrices(CAdapterReader& adapter) {
   MapBlock& block = adapter.state.mapBlock;
   const _userSpace& space = block.userSpace;
-  block.onPage = block.map.matrix;
   block.matricesOf = block.map.viewport != nullptr ? ListStamp::kNone
                      : space.transformCount <= 0   ? ListStamp::kEmpty
                      : space.transforms == nullptr
@@ -93,10 +92,10 @@ void setParts(_viewPortMap& map, const _svg_common& element, _svg_viewbox* box,
 }
 
 /// The product of a whole list whose numbers are not all finite.
-void multiplyList(const PixelScale& scale, const _userSpace& space, MatrixRows& product) {
-  copyMatrix(kIdentityRows, product);
+void multiplyList(const PixelScale& scale, const _userSpace& space, _transformMatrix& product) {
+  copyMatrix(kIdentityRows, product.m);
   for (std::int32_t i = 0; i < space.transformCount; ++i) {
-    multiplyEntry(scale, space.transforms[i], product);
+    multiplyEntry(scale, space.transforms[i], product.m);
   }
 }
 
@@ -114,7 +113,6 @@ _viewPortMap* CAdapterReader::_findMapMatrix(_svg_common* element, _svg_viewbox*
   }
   block.inUse = true;
   setParts(block.map, *element, box, nullptr);
-  block.map.matrix = block.onPage;
   return &block.map;
 }
 
@@ -134,6 +132,7 @@ void CAdapterReader::_transformPoint(_mpl_spacept_tag* point, _viewPortMap* by) 
 void CAdapterReader::InitMatrix(_transformMatrix& matrix) { matrix = {}; }
 
 void CAdapterReader::MultMatrix(_transformMatrix* a, _transformMatrix* b) {
+  if (a == &state.mapBlock.map.matrix) state.mapBlock.matricesOf = ListStamp::kNone;
   multiplyMatrix(a->m, b->m);
 }
 
@@ -155,15 +154,18 @@ void CAdapterReader::_svgUserSpaceMatrix(_userSpace* space) {
     return;
   }
   const PixelScale scale(*this);
-  PlaneRows running;
+  PlaneColumns running;
   const std::int32_t known = state.transforms.match(
       sceneOf(*this, scale.resolution()), space->transforms, space->transformCount, running);
   for (std::int32_t i = known; i < space->transformCount; ++i) {
     multiplyEntry(scale, space->transforms[i], running);
     state.transforms.keep(space->transforms[i], i, running);
   }
-  setMatrix(running, space->matrix.m);
-  if (!isFinite(running)) multiplyList(scale, *space, space->matrix.m);
+  if (isFinite(running)) {
+    setMatrix(running, space->matrix.m);
+  } else {
+    multiplyList(scale, *space, space->matrix);
+  }
 }
 
 int CAdapterReader::svg_DecomposeMatrix(double (*matrix)[3], double* shear, double* scaleX,

@@ -39,7 +39,7 @@ ListStamp TransformCache::stampOf(const TransformScene& scene, const transformEn
 }
 
 std::int32_t TransformCache::match(const TransformScene& scene, const transformEntry* entries,
-                                   std::int32_t count, PlaneRows& product) {
+                                   std::int32_t count, PlaneColumns& product) {
   changeStamp();
   if (!(scene == scene_)) steps_.clear();
   scene_ = scene;
@@ -52,7 +52,7 @@ std::int32_t TransformCache::match(const TransformScene& scene, const transformE
 }
 
 void TransformCache::keep(const transformEntry& entry, std::int32_t position,
-                          const PlaneRows& product) {
+                          const PlaneColumns& product) {
   if (position != steps_.count() || entry.argCount > kMostArgs) return;
   Step* step = steps_.append();
   if (step == nullptr) return;

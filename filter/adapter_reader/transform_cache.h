@@ -44,11 +44,11 @@ class TransformCache {
   /// How many entries at the head of the list are those of the kept list; their product is stored.
   /// The kept list is cut to that head.
   std::int32_t match(const TransformScene& scene, const transformEntry* entries, std::int32_t count,
-                     PlaneRows& product);
+                     PlaneColumns& product);
 
   /// Keeps an entry behind the kept list. Does nothing when memory ran out, or once an entry before
   /// it could not be kept.
-  void keep(const transformEntry& entry, std::int32_t position, const PlaneRows& product);
+  void keep(const transformEntry& entry, std::int32_t position, const PlaneColumns& product);
 
  private:
   static constexpr std::int32_t kMostArgs = 6;
@@ -57,7 +57,7 @@ class TransformCache {
     std::int32_t kind;
     std::int32_t argCount;
     _svg_value args[kMostArgs];
-    PlaneRows product;
+    PlaneColumns product;
   };
 
   static bool same(const Step& step, const transformEntry& entry);

@@ -7,11 +7,11 @@
 namespace egfsvg {
 namespace {
 
-[[gnu::always_inline]] inline void multiplyBy(PlaneRows& running, const PlaneRows& right) {
+[[gnu::always_inline]] inline void multiplyBy(PlaneColumns& running, const PlaneColumns& right) {
   multiplyPlane(running, right);
 }
 
-void multiplyBy(MatrixRows& running, const PlaneRows& right) {
+void multiplyBy(MatrixRows& running, const PlaneColumns& right) {
   MatrixRows whole;
   setMatrix(right, whole);
   multiplyMatrix(running, whole);
@@ -19,7 +19,7 @@ void multiplyBy(MatrixRows& running, const PlaneRows& right) {
 
 template <class Rows>
 void translate(double x, double y, Rows& running) {
-  multiplyBy(running, {{1.0, 0.0, x}, {0.0, 1.0, y}});
+  multiplyBy(running, {{1.0, 0.0}, {0.0, 1.0}, {x, y}});
 }
 
 template <class Rows>
@@ -30,7 +30,7 @@ void rotate(const PixelScale& scale, const _svg_value* args, Rows& running) {
   const double c = std::cos(angle);
   const double s = std::sin(angle);
   translate(x, y, running);
-  multiplyBy(running, {{c, -s, 0.0}, {s, c, 0.0}});
+  multiplyBy(running, {{c, s}, {-s, c}, {0.0, 0.0}});
   translate(-x, -y, running);
 }
 
@@ -63,14 +63,17 @@ void multiply(const PixelScale& scale, const transformEntry& entry, Rows& runnin
     case kRotate:
       return rotate(scale, args, running);
     case kScale:
-      return multiplyBy(running, {{args[0].value, 0.0, 0.0}, {0.0, args[1].value, 0.0}});
+      return multiplyBy(running, {{args[0].value, 0.0}, {0.0, args[1].value}, {0.0, 0.0}});
     case kMatrix:
-      return multiplyBy(running, {{args[0].value, args[2].value, scale.pixels(args[4])},
-                                  {args[1].value, args[3].value, scale.pixels(args[5])}});
+      return multiplyBy(running, {{args[0].value, args[1].value},
+                                  {args[2].value, args[3].value},
+                                  {scale.pixels(args[4]), scale.pixels(args[5])}});
     case kSkewX:
-      return multiplyBy(running, {{1.0, std::tan(radiansOf(args[0].value)), 0.0}, {0.0, 1.0, 0.0}});
+      return multiplyBy(running,
+                        {{1.0, 0.0}, {std::tan(radiansOf(args[0].value)), 1.0}, {0.0, 0.0}});
     case kSkewY:
-      return multiplyBy(running, {{1.0, 0.0, 0.0}, {std::tan(radiansOf(args[0].value)), 1.0, 0.0}});
+      return multiplyBy(running,
+                        {{1.0, std::tan(radiansOf(args[0].value))}, {0.0, 1.0}, {0.0, 0.0}});
     default:
       return;
   }
@@ -78,7 +81,7 @@ void multiply(const PixelScale& scale, const transformEntry& entry, Rows& runnin
 
 }  // namespace
 
-void multiplyEntry(const PixelScale& scale, const transformEntry& entry, PlaneRows& running) {
+void multiplyEntry(const PixelScale& scale, const transformEntry& entry, PlaneColumns& running) {
   multiply(scale, entry, running);
 }
 

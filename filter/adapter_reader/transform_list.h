@@ -9,7 +9,7 @@ namespace egfsvg {
 
 /// Multiplies one entry in, from the right. An unknown kind, or one without its arguments, changes
 /// nothing.
-void multiplyEntry(const PixelScale& scale, const transformEntry& entry, PlaneRows& running);
+void multiplyEntry(const PixelScale& scale, const transformEntry& entry, PlaneColumns& running);
 void multiplyEntry(const PixelScale& scale, const transformEntry& entry, MatrixRows& running);
 
 }  // namespace egfsvg

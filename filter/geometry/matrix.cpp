@@ -33,16 +33,18 @@ void multiplyIdentity(const MatrixRows& right, MatrixRows& product) {
   }
 }
 
-bool isFinite(const PlaneRows& rows) {
-  double zeros = 0.0;
-  for (const double(&row)[3] : rows) {
-    for (const double number : row) zeros += number * 0.0;
+bool isFinite(const PlaneColumns& plane) {
+  double zeros[2] = {0.0, 0.0};
+  for (const double(&column)[2] : plane) {
+    for (int row = 0; row < 2; ++row) zeros[row] += column[row] * 0.0;
   }
-  return zeros == 0.0;
+  return zeros[0] + zeros[1] == 0.0;
 }
 
-void setMatrix(const PlaneRows& rows, MatrixRows& whole) {
-  std::memcpy(whole, rows, sizeof rows);
+void setMatrix(const PlaneColumns& plane, MatrixRows& whole) {
+  for (int row = 0; row < 2; ++row) {
+    for (int column = 0; column < 3; ++column) whole[row][column] = plane[column][row];
+  }
   whole[2][0] = 0.0;
   whole[2][1] = 0.0;
   whole[2][2] = 1.0;

@@ -7,11 +7,12 @@ using MatrixRows = double[3][3];
 
 inline constexpr MatrixRows kIdentityRows{{1.0, 0.0, 0.0}, {0.0, 1.0, 0.0}, {0.0, 0.0, 1.0}};
 
-/// The upper two rows of a matrix whose third row is (0, 0, 1), as all functions of a transform
-/// list are and so their products.
-using PlaneRows = double[2][3];
+/// The upper two rows of a matrix whose third is (0, 0, 1), as all functions of a transform list
+/// are and so their products. It stands in columns, so that both rows are computed at once; the
+/// numbers are in the order of SVG's matrix().
+using PlaneColumns = double[3][2];
 
-inline constexpr PlaneRows kIdentityPlane{{1.0, 0.0, 0.0}, {0.0, 1.0, 0.0}};
+inline constexpr PlaneColumns kIdentityPlane{{1.0, 0.0}, {0.0, 1.0}, {0.0, 0.0}};
 
 void copyMatrix(const MatrixRows& from, MatrixRows& to);
 
@@ -21,25 +22,28 @@ void multiplyMatrix(MatrixRows& left, const MatrixRows& right);
 /// The identity times a matrix, to the bit: zeros lose their sign, and what is not finite spreads.
 void multiplyIdentity(const MatrixRows& right, MatrixRows& product);
 
-/// A product of upper rows. As long as all numbers are finite, it is that of the whole matrices
-/// to the bit: even a zero takes its sign from all three products.
-[[gnu::always_inline]] inline void multiplyPlane(PlaneRows& left, const PlaneRows& right) {
-  for (double(&row)[3] : left) {
-    const double a = row[0];
-    const double b = row[1];
-    const double c = row[2];
-    row[0] = a * right[0][0] + b * right[1][0] + c * 0.0;
-    row[1] = a * right[0][1] + b * right[1][1] + c * 0.0;
-    row[2] = a * right[0][2] + b * right[1][2] + c * 1.0;
+/// left becomes left * right. As long as all numbers are finite, it is the product of the whole
+/// matrices to the bit: even a zero takes its sign from all three products.
+[[gnu::always_inline]] inline void multiplyPlane(PlaneColumns& left, const PlaneColumns& right) {
+  const PlaneColumns a{
+      {left[0][0], left[0][1]}, {left[1][0], left[1][1]}, {left[2][0], left[2][1]}};
+  for (int row = 0; row < 2; ++row) {
+    left[0][row] = a[0][row] * right[0][0] + a[1][row] * right[0][1] + a[2][row] * 0.0;
+  }
+  for (int row = 0; row < 2; ++row) {
+    left[1][row] = a[0][row] * right[1][0] + a[1][row] * right[1][1] + a[2][row] * 0.0;
+  }
+  for (int row = 0; row < 2; ++row) {
+    left[2][row] = a[0][row] * right[2][0] + a[1][row] * right[2][1] + a[2][row] * 1.0;
   }
 }
 
-/// Whether no number of the rows is an infinity or a NaN. Once one of them is in a product, the
-/// product stays so.
-bool isFinite(const PlaneRows& rows);
+/// Whether no number is an infinity or a NaN. Once one of them is in a product, the product stays
+/// so.
+bool isFinite(const PlaneColumns& plane);
 
-/// The whole matrix of the rows.
-void setMatrix(const PlaneRows& rows, MatrixRows& whole);
+/// The whole matrix.
+void setMatrix(const PlaneColumns& plane, MatrixRows& whole);
 
 /// A matrix as shear, then scale, then rotation in radians.
 struct Decomposition {

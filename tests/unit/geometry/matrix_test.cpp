@@ -23,9 +23,9 @@ double number(std::mt19937& random, bool finite) {
   return std::uniform_real_distribution<double>(-10.0, 10.0)(random);
 }
 
-void fill(PlaneRows& rows, std::mt19937& random, bool finite) {
-  for (double(&row)[3] : rows) {
-    for (double& at : row) at = number(random, finite);
+void fill(PlaneColumns& plane, std::mt19937& random, bool finite) {
+  for (double(&column)[2] : plane) {
+    for (double& at : column) at = number(random, finite);
   }
 }
 
@@ -41,16 +41,16 @@ bool same(const double (&a)[kRows][3], const double (&b)[kRows][3]) {
   return true;
 }
 
-TEST(Matrix, RowsOfAPlaneMultiplyAsWholeMatrices) {
+TEST(Matrix, ColumnsOfAPlaneMultiplyAsWholeMatrices) {
   std::mt19937 random(1);
   int finite = 0;
   for (int i = 0; i < kRounds; ++i) {
-    PlaneRows running;
+    PlaneColumns running;
     std::memcpy(running, kIdentityPlane, sizeof running);
     MatrixRows expected;
     copyMatrix(kIdentityRows, expected);
     for (unsigned factors = random() % 5; factors > 0; --factors) {
-      PlaneRows factor;
+      PlaneColumns factor;
       fill(factor, random, true);
       multiplyPlane(running, factor);
       MatrixRows whole;
@@ -70,14 +70,14 @@ TEST(Matrix, RowsOfAPlaneMultiplyAsWholeMatrices) {
 TEST(Matrix, AProductTellsThatAFactorWasNotFinite) {
   std::mt19937 random(2);
   for (int i = 0; i < kRounds; ++i) {
-    PlaneRows running;
+    PlaneColumns running;
     fill(running, random, true);
-    PlaneRows spoilt;
+    PlaneColumns spoilt;
     fill(spoilt, random, true);
-    spoilt[random() % 2][random() % 3] = random() % 2 == 0 ? -kInfinity : kInfinity;
+    spoilt[random() % 3][random() % 2] = random() % 2 == 0 ? -kInfinity : kInfinity;
     EXPECT_FALSE(isFinite(spoilt));
     multiplyPlane(running, spoilt);
-    PlaneRows last;
+    PlaneColumns last;
     fill(last, random, true);
     multiplyPlane(running, last);
     ASSERT_FALSE(isFinite(running)) << i;
