@@ -1,5 +1,6 @@
 #include "embedded_host/bounds.h"
 
+#include <algorithm>
 #include <array>
 
 #include "embedded_host/fault.h"
@@ -170,6 +171,18 @@ void growPath(EgfPath* path, _mpl_spacerect_tag bounds) {
   path->hasBounds = 1;
 }
 
+// True for a polygon or a curve none of whose points stands outside the rectangle of the path: a
+// curve keeps among its points, so this child can't make the path larger.
+bool keepsWithin(const EgfPath* path, const _egf_obj* child) {
+  if (child->layoutClass != kClassPolygon || path->hasBounds == 0) return false;
+  const PointArray points = as<EgfPolygon>(child)->points;
+  const std::size_t count = points ? positive(as<EgfPolygon>(child)->pointCount) : 0;
+  Box box;
+  box.include(path->bounds);
+  return std::all_of(points.get(), points.get() + count,
+                     [&](const _mpl_spacept_tag& point) { return box.holds(&point); });
+}
+
 // Texts are measured once: the rectangle that they keep holds until it is recomputed.
 bool keptTextBounds(const _egf_obj* object, std::size_t slot, _mpl_spacerect_tag* bounds) {
   if (object->layoutClass != kClassText && object->layoutClass != kClassAnnotation) return false;
@@ -209,9 +222,11 @@ bool refreshBounds(_egf_obj* object, HostHandle map) {
 }
 
 void growContainer(_egf_obj* container, const _egf_obj* child, HostHandle map) {
+  const bool isPath = container->layoutClass == kClassPath;
+  if (isPath && keepsWithin(as<EgfPath>(container), child)) return;
   _mpl_spacerect_tag bounds;
   if (!boundsOf(child, map, &bounds)) return;
-  if (container->layoutClass == kClassPath) {
+  if (isPath) {
     growPath(as<EgfPath>(container), bounds);
   } else {
     _mpl_spacerect_tag mer = as<EgfGroup>(container)->groupMer;

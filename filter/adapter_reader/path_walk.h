@@ -85,7 +85,7 @@ class PathWalk {
     return kFrom == From::kCurrent ? given + current : given;
   }
   template <From kFrom>
-  PlanePoint point(const _svg_value& x, const _svg_value& y) const {
+  [[gnu::always_inline]] PlanePoint point(const _svg_value& x, const _svg_value& y) const {
     const PlanePoint given = scale_.place(x, y);
     if constexpr (kFrom == From::kOrigin) return given;
     return {given.x + current_.x, given.y + current_.y};

@@ -34,16 +34,20 @@ class PixelScale {
   double spaceUnits(const _svg_value& value) const { return pixels(value) * kSpaceUnits; }
 
   /// Both coordinates of a point, in space units.
-  PlanePoint place(const _svg_value& x, const _svg_value& y) const {
+  [[gnu::always_inline]] PlanePoint place(const _svg_value& x, const _svg_value& y) const {
     if (x.unit == kUnitPixel && y.unit == kUnitPixel) [[likely]]
       return {perUnit_ * x.value * kSpaceUnits, perUnit_ * y.value * kSpaceUnits};
-    return {spaceUnits(x), spaceUnits(y)};
+    return convertedPlace(x, y);
   }
   _mpl_spacept_tag point(const _svg_value& x, const _svg_value& y) const {
     return stored(place(x, y));
   }
 
  private:
+  [[gnu::noinline]] PlanePoint convertedPlace(const _svg_value& x, const _svg_value& y) const {
+    return {spaceUnits(x), spaceUnits(y)};
+  }
+
   CAdapterReader& adapter_;
   double resolution_;  // pixels per inch
   double perUnit_;     // pixels in one SVG pixel

@@ -237,16 +237,15 @@ _egf_obj* CAdapterReader::SVG_formatGDIPlusPath(_svg_path* element) {
   using namespace egfsvg;
   if (element->graphics.visibility == kHidden) return nullptr;
   MapOwner pathMap(*this, _findMapMatrix(&element->head, nullptr, nullptr));
-  BezierPathBuilder builder(
-      *this, {pathMap.get(), element->pathCount > 1, needsBounds(element->fill, element->stroke)});
+  const bool boxed = needsBounds(element->fill, element->stroke);
+  BezierPathBuilder builder(*this, {pathMap.get(), element->pathCount > 1, boxed});
   if (!builder.ready() || !PathWalk(*this, builder).run(*element)) {
     logOutOfMemory(RMM_SITE);
     return nullptr;
   }
   if (!builder.hasChildren()) return nullptr;
-  __meas width{};
-  castLineThickness(element->stroke.strokeWidth, &width);
-  _mpl_spacerect_tag bounds = builder.bounds(width.value / 2.0);
+  _mpl_spacerect_tag bounds{};
+  if (boxed) bounds = builder.bounds(penWidth(*this, element->stroke.strokeWidth) / 2.0);
   _egf_obj* path = builder.release();
   if (_setPathParms(path, bounds, pathMap.get(), element->fill, element->stroke,
                     element->graphics) != 0) {

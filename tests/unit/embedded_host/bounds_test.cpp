@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
+#include <cstring>
 #include <limits>
 #include <random>
 #include <string>
@@ -10,6 +12,8 @@
 #include "embedded_host/box.h"
 #include "embedded_host/host_faults.h"
 #include "embedded_host/host_trees.h"
+#include "host/egf_bits.h"
+#include "host/memory.h"
 #include "tests/support/egf_builder.h"
 
 namespace egfsvg::test {
@@ -395,6 +399,48 @@ TEST(CalcMer, ClearsTheRectangleOfAnObjectThatHasNone) {
   EXPECT_NE(EGF_CalcPolygonMer(object.get(), 0), 0);
   EXPECT_EQ(readPacked<float>(object.get(), 28), 0.0F);
   EXPECT_NE(EGF_CalcPolygonMer(nullptr, 0), 0);
+}
+
+// A path that looks at what its curves could add ends up with the rectangle of all their own.
+TEST(PathMer, IsThatOfItsCurvesTogether) {
+  std::mt19937 random(7);
+  std::uniform_real_distribution<float> near(-900.0F, 900.0F);
+  const auto place = [&] {
+    const unsigned kind = random() % 400;
+    if (kind == 0) return std::numeric_limits<float>::quiet_NaN();
+    if (kind == 1) return std::numeric_limits<float>::infinity();
+    return kind < 40 ? std::round(near(random) / 300.0F) * 300.0F : near(random);
+  };
+  for (int round = 0; round < 200; ++round) {
+    const OwnedObject path(EEL_AllocObject(kClassPath, RMM_SITE));
+    auto* record = as<EgfPath>(path.get());
+    _mpl_spacerect_tag expected{};
+    bool any = false;
+    for (int i = 0; i < 30; ++i) {
+      _egf_obj* child = EEL_AllocObject(kClassPolygon, RMM_SITE);
+      auto* curve = as<EgfPolygon>(child);
+      const int count = static_cast<int>(random() % 8);
+      auto* points = static_cast<_mpl_spacept_tag*>(
+          RMM_AllocName(static_cast<std::size_t>(count), sizeof(_mpl_spacept_tag), RMM_SITE));
+      for (int k = 0; k < count; ++k) points[k] = {place(), place()};
+      curve->points = PointArray::of(points);
+      curve->pointCount = count;
+      if (random() % 4 != 0) curve->pen.modeFlags = CurveChildBits::with(0, kCurveChild);
+      _mpl_spacerect_tag own;
+      if (EEL_GetObjectMer(child, &own, 0) == 0) {
+        expected = any ? _mpl_spacerect_tag{std::min<float>(expected.left, own.left),
+                                            std::max<float>(expected.right, own.right),
+                                            std::min<float>(expected.top, own.top),
+                                            std::max<float>(expected.bottom, own.bottom)}
+                       : own;
+        any = true;
+      }
+      ASSERT_EQ(EEL_AppendObject(path.get(), child), 0);
+      const _mpl_spacerect_tag kept = record->bounds;
+      ASSERT_EQ(record->hasBounds, any ? 1U : 0U);
+      ASSERT_EQ(std::memcmp(&kept, &expected, sizeof kept), 0) << round << ' ' << i;
+    }
+  }
 }
 
 }  // namespace
