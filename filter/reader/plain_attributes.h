@@ -79,10 +79,15 @@ inline constexpr std::size_t kShortName = 16;
 inline constexpr std::size_t kShortValue = 32;
 static_assert(kShortValue <= cBuffer::kSlack && kShortName < kAttribNameSize);
 
-/// Copies text of the block and terminates it. The target holds `Short` bytes at least.
+/// Copies text of the block and terminates it. The target holds `Short` bytes at least. What fits
+/// into one store is written by one, so that a load of several bytes need not wait for more.
 template <std::size_t Short>
 void copyPlain(char* to, const char* from, std::size_t length) {
-  if (length < Short) [[likely]] {
+  if (length < kByteBlockSize) [[likely]] {
+    ByteBlock::load(from).first(length).store(to);
+    return;
+  }
+  if (length < Short) {
     std::memcpy(to, from, Short);
   } else {
     std::memcpy(to, from, length);
