@@ -56,8 +56,8 @@ class BezierPathBuilder {
 
   // The walk's sink.
   bool beginSubPath();
-  bool moveTo(PlanePoint to);
-  bool lineTo(PlanePoint from, PlanePoint to);
+  bool moveTo(const PlanePoint& to);
+  bool lineTo(const PlanePoint& from, const PlanePoint& to);
   bool curveTo(const CubicPoints& cubic);
   bool arcTo(const ArcEnds& ends, const ArcCenter& arc);
   bool closeTo(PlanePoint from, PlanePoint first);
@@ -73,14 +73,15 @@ class BezierPathBuilder {
   bool putArcHalves(const ArcCenter& arc, bool clockwise);
   bool putArcCurve(const ArcEnds& ends, const ArcCenter& arc);
   bool putCurve(RmmOwner<_mpl_spacept_tag>&& points, int count);
-  bool addToRun(PlanePoint point);
+  [[gnu::noinline]] bool startRun(const PlanePoint& from);
+  bool addToRun(const PlanePoint& point);
   bool attachRun() { return run_.empty() || attachPoints(); }
   bool attachPoints();
-  void grow(PlanePoint point) {
+  void grow(const PlanePoint& point) {
     if (plan_.boxed) [[unlikely]]
       growBox(point);
   }
-  [[gnu::noinline]] void growBox(PlanePoint point);
+  [[gnu::noinline]] void growBox(const PlanePoint& point);
   void growByCurve(const CubicPoints& cubic);
   void growByArc(const ArcEnds& ends, const ArcCenter& arc);
   _mpl_spacept_tag mapped(_mpl_spacept_tag place) const { return map_ ? (*map_)(place) : place; }

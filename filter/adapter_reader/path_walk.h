@@ -66,8 +66,8 @@ class PathWalk {
 
   bool runSubPath(const _svg_singlepath& subPath);
   bool step(const _svg_path_data& command);
-  bool moveTo(PlanePoint to);
-  bool lineTo(PlanePoint to);
+  bool moveTo(const PlanePoint& to);
+  bool lineTo(const PlanePoint& to);
   bool cubic(const CubicPoints& points);
   bool quadratic(PlanePoint control, PlanePoint end);
   bool curve(const CubicPoints& points);
@@ -167,14 +167,14 @@ bool PathWalk<Sink>::step(const _svg_path_data& d) {
 }
 
 template <PathSink Sink>
-bool PathWalk<Sink>::moveTo(PlanePoint to) {
+bool PathWalk<Sink>::moveTo(const PlanePoint& to) {
   before_ = Before::kOther;
   first_ = current_ = to;
   return sink_.moveTo(to);
 }
 
 template <PathSink Sink>
-bool PathWalk<Sink>::lineTo(PlanePoint to) {
+bool PathWalk<Sink>::lineTo(const PlanePoint& to) {
   before_ = Before::kOther;
   const PlanePoint from = current_;
   current_ = to;

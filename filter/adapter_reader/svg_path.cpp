@@ -53,21 +53,24 @@ bool BezierPathBuilder::endSubPath(const _svg_singlepath&) {
   return handOver(outer_.get(), sub_);
 }
 
-bool BezierPathBuilder::moveTo(PlanePoint to) { return attachRun() && addToRun(to); }
+bool BezierPathBuilder::moveTo(const PlanePoint& to) { return attachRun() && addToRun(to); }
 
-bool BezierPathBuilder::addToRun(PlanePoint point) {
+bool BezierPathBuilder::addToRun(const PlanePoint& point) {
   grow(point);
   here_ = mapped(point);
   return run_.push(here_);
 }
 
 /// After a curve the run is empty, so it starts again where the curve ended.
-bool BezierPathBuilder::lineTo(PlanePoint from, PlanePoint to) {
-  if (run_.empty()) {
-    grow(from);
-    if (!run_.push(here_)) return false;
-  }
+bool BezierPathBuilder::lineTo(const PlanePoint& from, const PlanePoint& to) {
+  if (run_.empty() && !startRun(from)) [[unlikely]]
+    return false;
   return addToRun(to);
+}
+
+bool BezierPathBuilder::startRun(const PlanePoint& from) {
+  grow(from);
+  return run_.push(here_);
 }
 
 bool BezierPathBuilder::closeTo(PlanePoint from, PlanePoint first) {
@@ -204,7 +207,7 @@ bool BezierPathBuilder::attachPoints() {
 }
 
 /// The box of a gradient holds the points as they stand before any transform.
-void BezierPathBuilder::growBox(PlanePoint point) {
+void BezierPathBuilder::growBox(const PlanePoint& point) {
   const _mpl_spacept_tag place = stored(point);
   if (!boxStarted_) box_ = {place.x, place.x, place.y, place.y};
   boxStarted_ = true;
