@@ -195,7 +195,7 @@ bool BezierPathBuilder::putCurve(RmmOwner<_mpl_spacept_tag>&& points, int count)
   EgfPolygon* curve = as<EgfPolygon>(object.get());
   curve->points = PointArray::of(points.release());
   curve->pointCount = count;
-  curve->pen.modeFlags = CurveChildBits::with(curve->pen.modeFlags, kCurveChild);
+  curve->pen.modeFlags = CurveChildBits::with(0, kCurveChild);  // a new object is all zero
   return handOver(target_, object);
 }
 
