@@ -36,9 +36,12 @@ class PlainByteBlock {
   ByteMask equal(char byte) const {
     return ask([byte](unsigned char own) { return own == static_cast<unsigned char>(byte); });
   }
-  /// Where a byte is `highest` or less.
-  ByteMask upTo(char highest) const {
-    return ask([highest](unsigned char own) { return own <= static_cast<unsigned char>(highest); });
+  /// Where one of the two stands.
+  ByteMask either(char one, char other) const { return equal(one) | equal(other); }
+  /// Where a byte is `highest` or less, or the other.
+  ByteMask upToOr(char highest, char other) const {
+    const auto limit = static_cast<unsigned char>(highest);
+    return ask([limit](unsigned char own) { return own <= limit; }) | equal(other);
   }
   bool operator==(const PlainByteBlock&) const = default;
 
@@ -52,14 +55,6 @@ class PlainByteBlock {
   PlainByteBlock first(std::size_t count) const {
     PlainByteBlock result = *this;
     std::fill(result.bytes_.begin() + static_cast<std::ptrdiff_t>(count), result.bytes_.end(), 0);
-    return result;
-  }
-  /// With A to Z in lower case.
-  PlainByteBlock folded() const {
-    PlainByteBlock result = *this;
-    for (unsigned char& byte : result.bytes_) {
-      if (byte >= 'A' && byte <= 'Z') byte = static_cast<unsigned char>(byte | ('a' - 'A'));
-    }
     return result;
   }
 
@@ -84,10 +79,14 @@ class Sse2ByteBlock {
   }
   void store(char* to) const { _mm_storeu_si128(reinterpret_cast<__m128i*>(to), bytes_); }
 
-  ByteMask equal(char byte) const { return maskOf(_mm_cmpeq_epi8(bytes_, _mm_set1_epi8(byte))); }
-  ByteMask upTo(char highest) const {
+  ByteMask equal(char byte) const { return maskOf(sameAs(byte)); }
+  ByteMask either(char one, char other) const {
+    return maskOf(_mm_or_si128(sameAs(one), sameAs(other)));
+  }
+  ByteMask upToOr(char highest, char other) const {
     const __m128i limit = _mm_set1_epi8(highest);
-    return maskOf(_mm_cmpeq_epi8(_mm_max_epu8(bytes_, limit), limit));
+    const __m128i small = _mm_cmpeq_epi8(_mm_max_epu8(bytes_, limit), limit);
+    return maskOf(_mm_or_si128(small, sameAs(other)));
   }
   bool operator==(const Sse2ByteBlock& other) const {
     return maskOf(_mm_cmpeq_epi8(bytes_, other.bytes_)) == kWholeBlock;
@@ -98,30 +97,30 @@ class Sse2ByteBlock {
     return static_cast<std::uint64_t>(_mm_cvtsi128_si64(sums));
   }
   Sse2ByteBlock first(std::size_t count) const {
-    static constexpr auto kOnesAndZeros = [] {
-      std::array<unsigned char, 2 * kByteBlockSize> bytes{};
-      std::fill(bytes.begin(), bytes.begin() + kByteBlockSize, 0xFF);
-      return bytes;
-    }();
-    const unsigned char* ones = kOnesAndZeros.data() + kByteBlockSize - count;
-    const __m128i kept = _mm_loadu_si128(reinterpret_cast<const __m128i*>(ones));
-    return Sse2ByteBlock(_mm_and_si128(bytes_, kept));
-  }
-  Sse2ByteBlock folded() const {
-    // Moved so that A is the lowest signed value, the letters are those below the 26th.
-    constexpr int kLowest = -128;
-    constexpr int kLetters = 26;
-    const __m128i moved = _mm_add_epi8(bytes_, _mm_set1_epi8(static_cast<char>(kLowest - 'A')));
-    const __m128i upper = _mm_cmplt_epi8(moved, _mm_set1_epi8(kLowest + kLetters));
-    return Sse2ByteBlock(_mm_or_si128(bytes_, _mm_and_si128(upper, _mm_set1_epi8('a' - 'A'))));
+    return Sse2ByteBlock(_mm_and_si128(
+        bytes_, _mm_load_si128(reinterpret_cast<const __m128i*>(kFirst.rows[count]))));
   }
 
  private:
+  /// By a count, that many bytes of ones and then zeros.
+  struct FirstBytes {
+    constexpr FirstBytes() {
+      for (std::size_t count = 0; count <= kByteBlockSize; ++count) {
+        for (std::size_t i = 0; i < count; ++i) rows[count][i] = 0xFF;
+      }
+    }
+    alignas(kByteBlockSize) unsigned char rows[kByteBlockSize + 1][kByteBlockSize] = {};
+  };
+  static const FirstBytes kFirst;
+
   explicit Sse2ByteBlock(__m128i bytes) : bytes_(bytes) {}
+  __m128i sameAs(char byte) const { return _mm_cmpeq_epi8(bytes_, _mm_set1_epi8(byte)); }
   static ByteMask maskOf(__m128i flags) { return static_cast<ByteMask>(_mm_movemask_epi8(flags)); }
 
   __m128i bytes_;
 };
+inline constexpr Sse2ByteBlock::FirstBytes Sse2ByteBlock::kFirst;
+
 using ByteBlock = Sse2ByteBlock;
 
 #else
@@ -145,8 +144,7 @@ inline const char* findByte(const char* at, const char* end, char byte) {
 /// The same for either of two bytes.
 inline const char* findEither(const char* at, const char* end, char one, char other) {
   for (; at < end; at += kByteBlockSize) {
-    const ByteBlock block = ByteBlock::load(at);
-    const ByteMask hits = block.equal(one) | block.equal(other);
+    const ByteMask hits = ByteBlock::load(at).either(one, other);
     if (hits != 0) return std::min(at + firstOf(hits), end);
   }
   return end;

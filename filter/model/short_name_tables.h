@@ -21,9 +21,9 @@ inline constexpr NamedCode kAttributeNames[] = {
 // The multipliers were found by trial.
 /// Without comments, CDATA and declarations, which a "!" opens.
 inline constexpr ShortNameIndex<std::size(kTagNames), 256> kShortTags(kTagNames,
-                                                                      0x44C5B4763FE31D03U, '!');
+                                                                      0x1E2FEB89414C343DU, '!');
 inline constexpr ShortNameIndex<std::size(kAttributeNames), 512> kShortAttributes(
-    kAttributeNames, 0x0E2CC3E416342BF3U);
+    kAttributeNames, 0x7D8460C9DE14D9EFU);
 static_assert(kShortTags.isPerfect() && kShortAttributes.isPerfect());
 
 }  // namespace egfsvg

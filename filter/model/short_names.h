@@ -1,5 +1,6 @@
 // Constant tables of names that fit into one block of bytes: a look-up is one multiplication and
-// one comparison, whatever the length. Their longer names stand in a NameIndex alone.
+// one comparison, whatever the length. Longer names, and other spellings, stand in a NameIndex
+// alone.
 #pragma once
 
 #include <array>
@@ -9,7 +10,6 @@
 #include <string_view>
 
 #include "model/byte_block.h"
-#include "model/characters.h"
 #include "model/name_index.h"
 
 namespace egfsvg {
@@ -31,7 +31,7 @@ class ShortNameIndex {
       const std::string_view name(row.name);
       if (name.size() > kByteBlockSize || name.find(excluded) != name.npos) continue;
       Text text{};
-      for (std::size_t i = 0; i < name.size(); ++i) text[i] = lower(name[i]);
+      for (std::size_t i = 0; i < name.size(); ++i) text[i] = name[i];
       std::uint8_t& slot = slots_[slotOf(halfOf(text, 0) + halfOf(text, kHalf))];
       if (slot != 0) isPerfect_ = false;
       slot = static_cast<std::uint8_t>(++place);
@@ -42,10 +42,10 @@ class ShortNameIndex {
 
   constexpr bool isPerfect() const { return isPerfect_; }
 
-  /// Looks for the name that is the block's first `length` bytes in any case. Zero bytes at its end
-  /// do not count.
+  /// Looks for the name that is the block's first `length` bytes, as the table spells it. Zero
+  /// bytes at its end do not count.
   bool find(const ByteBlock& block, std::size_t length, int& code) const {
-    const ByteBlock name = block.first(length).folded();
+    const ByteBlock name = block.first(length);
     const std::size_t place = slots_[slotOf(name.sum())];
     code = codes_[place];
     return name == ByteBlock::load(names_[place].data());

@@ -58,7 +58,7 @@ class ElementRow {
  private:
   void run(CHandlerReader& reader, void* record, std::int32_t code, std::uint8_t slot,
            _svg_attrib_pair* pair) const;
-  bool applyOdd(CHandlerReader& reader, void* record, _svg_attrib_pair* pair, int& code) const;
+  bool applyOther(CHandlerReader& reader, void* record, _svg_attrib_pair* pair, int& code) const;
 
   static constexpr std::uint8_t kPresentationSlot = 255;
   static constexpr std::size_t kMostActions = 24;

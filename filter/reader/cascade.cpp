@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "reader/attribute_rows.h"
+#include "reader/presentation_table.h"
 
 namespace egfsvg {
 
@@ -91,7 +92,9 @@ int CHandlerReader::SetAttribute(void* element, int type, AttNode* node) {
   using namespace egfsvg;
   if (element == nullptr || node == nullptr || !takesRules(type)) return 0;
   _svg_attrib_pair pair;
-  std::memcpy(pair.name, node->name, std::strlen(node->name) + 1);
+  // Setters of properties do not ask for the name.
+  const bool isNamed = !isPresentation(node->code);
+  std::memcpy(pair.name, node->name, isNamed ? std::strlen(node->name) + 1 : 0);
   pair.valueSize = node->valueLength;
   pair.value = node->value;
   setterOf(type).set(*this, element, node->code, &pair);

@@ -26,7 +26,11 @@ struct PlainAttribute {
 /// The most usual form by itself: behind a blank or nothing a short known name, then double quotes.
 /// False for others.
 inline bool scanUsual(const char* at, const char* end, PlainAttribute& found, int& code) {
-  at += *at == ' ' ? 1 : 0;
+  if (*at == ' ') {
+    ++at;
+  } else if (*at < 'A') {
+    return false;  // the end of the tag, most often
+  }
   const ByteBlock block = ByteBlock::load(at);
   const ByteMask separators = block.equal('=');
   if (separators == 0) return false;

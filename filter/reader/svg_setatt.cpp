@@ -22,10 +22,10 @@ void ElementRow::apply(CHandlerReader& reader, void* record, std::int32_t code,
   if (const std::uint8_t slot = slotOf(code)) run(reader, record, code, slot, pair);
 }
 
-/// One attribute of an odd form. False at the end of the tag and at a syntax error, which `code`
-/// is.
-bool ElementRow::applyOdd(CHandlerReader& reader, void* record, _svg_attrib_pair* pair,
-                          int& code) const {
+/// One attribute that is not of the most usual form. False at the end of the tag and at a syntax
+/// error, which `code` is.
+bool ElementRow::applyOther(CHandlerReader& reader, void* record, _svg_attrib_pair* pair,
+                            int& code) const {
   code = reader.GetNextAttribPair(pair);
   if (code == kAttNoMore || code == kAttSyntaxError) return false;
   if (code == kAttUnknown) reportUnknownName(reader, pair->name);
@@ -38,28 +38,26 @@ int ElementRow::applyAll(CHandlerReader& reader, void* record) const {
   ScratchPair scratch(reader.state);
   if (!scratch.hasValue()) return kAttSyntaxError;
   cBuffer& source = reader.buffer;
-  const char* at = source.unread();
-  const char* end = source.unreadEnd();
-  for (;;) {
-    PlainAttribute found;
-    int code = at == end ? kAttOdd : scanPlain(at, end, found);
-    if (code == kAttOdd) [[unlikely]] {
-      if (!applyOdd(reader, record, &scratch.pair, code)) return code;
-      at = source.unread();
-      end = source.unreadEnd();
-      continue;
-    }
-    source.take(found.next - at);
-    if (code == kAttNoMore) return code;
-    at = found.next;
-    reader.stepGauge();
-    if (const std::uint8_t slot = slotOf(code)) [[likely]] {
+  PlainAttribute found;
+  for (int code;;) {
+    const char* at = source.unread();
+    const char* const end = source.unreadEnd();
+    while (at != nullptr && scanUsual(at, end, found, code)) {
+      source.take(found.next - at);
+      at = found.next;
+      reader.stepGauge();
+      const std::uint8_t slot = slots_[static_cast<std::size_t>(code)];
+      if (slot == 0) continue;
       fillPair(found, scratch.pair);
       run(reader, record, code, slot, &scratch.pair);
-    } else if (code == kAttUnknown && reader.state.reporting) {
-      fillPair(found, scratch.pair);
-      reportUnknownName(reader, scratch.pair.name);
     }
+    if (at != nullptr && at != end) {
+      if (const char* const behind = behindTagEnd(at)) {
+        source.take(behind - at);
+        return kAttNoMore;
+      }
+    }
+    if (!applyOther(reader, record, &scratch.pair, code)) return code;
   }
 }
 

@@ -58,7 +58,7 @@ inline bool scanKnownTag(const char* opener, KnownTag& tag) {
   const char* const name = opener + 1;
   const auto block = egfsvg::ByteBlock::load(name);
   // The zero byte behind the block ends a name, too, but is no usual end.
-  const egfsvg::ByteMask ends = block.upTo(' ') | block.equal('>');
+  const egfsvg::ByteMask ends = block.upToOr(' ', '>');
   if (ends == 0) return false;
   const std::size_t length = egfsvg::firstOf(ends);
   tag.length = static_cast<int>(length);
