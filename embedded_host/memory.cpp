@@ -207,11 +207,17 @@ void* resizeElsewhere(BlockHeader* header, std::size_t room, std::size_t bytes, 
   return block;
 }
 
+// The room for a block that outgrew what it had: lists that grow by one step often start small.
+std::size_t roomToGrow(std::size_t room, std::size_t bytes) {
+  constexpr std::size_t kDoubledBelow = 512;
+  const std::size_t slack = room < kDoubledBelow ? room : room / 2;
+  return std::min(std::max(bytes, room + slack), kMaxPayload);
+}
+
 // Beyond the room that the block has: longer in place when what follows is free, else elsewhere,
 // with slack.
 [[gnu::noinline]] void* grow(BlockHeader* header, std::size_t bytes, Site site) {
-  const std::size_t room = payloadRoom(header);
-  const std::size_t roomy = std::min(std::max(bytes, room + room / 2), kMaxPayload);
+  const std::size_t roomy = roomToGrow(payloadRoom(header), bytes);
   if (extendBlock(header, roomy)) return resizeInPlace(header, bytes, site);
   return resizeElsewhere(header, roomy, bytes, site);
 }
@@ -260,6 +266,23 @@ void countResized(std::size_t before, std::size_t bytes) {
   return resized;
 }
 
+// A small block that outgrows its room and stays a small one.
+[[gnu::noinline]] void* growSmall(BlockHeader* header, std::size_t bytes, Site site) {
+  const std::size_t roomy = roomToGrow(payloadRoom(header), bytes);
+  const std::size_t sizeClass = classForPayload(isSmall(roomy) ? roomy : bytes);
+  BlockHeader* const grown = slotAtHand(sizeClass);
+  if (grown == nullptr) [[unlikely]]
+    return reallocateWithCare(payloadOf(header), 1, bytes, site);
+  const std::size_t before = sizeOf(header);
+  writeHeader(grown, site, bytes, sizeClass, stateOf(header));
+  unpoison(payloadOf(grown), bytes);
+  std::memcpy(payloadOf(grown), payloadOf(header), before);
+  poison(payloadOf(header), before);
+  retire(header, before);
+  countResized(before, bytes);
+  return payloadOf(grown);
+}
+
 inline void* reallocate(void* block, std::size_t count, std::size_t size, Site site) {
   std::size_t bytes;
   const bool overflows = __builtin_mul_overflow(count, size, &bytes);
@@ -267,8 +290,12 @@ inline void* reallocate(void* block, std::size_t count, std::size_t size, Site s
     return reallocateWithCare(block, count, size, site);
   BlockHeader* const header = headerOf(block);
   const std::size_t before = sizeOf(header);
-  if (bytes < before || bytes > payloadRoom(header)) [[unlikely]]
-    return reallocateWithCare(block, count, size, site);
+  if (bytes > payloadRoom(header)) {
+    // Only a small block's room is less than a small payload.
+    return isSmall(bytes) ? growSmall(header, bytes, site)
+                          : reallocateWithCare(block, count, size, site);
+  }
+  if (bytes < before) return reallocateWithCare(block, count, size, site);
   countResized(before, bytes);
   return resizeInPlace(header, bytes, site);
 }
