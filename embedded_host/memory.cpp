@@ -130,7 +130,7 @@ bool product(std::size_t count, std::size_t size, std::size_t& bytes) {
   return block;
 }
 
-inline void* allocate(std::size_t count, std::size_t size, Site site) {
+[[gnu::always_inline]] inline void* allocate(std::size_t count, std::size_t size, Site site) {
   std::size_t bytes;
   const bool overflows = __builtin_mul_overflow(count, size, &bytes);
   if (overflows || bytes >= unwatchedBelow) [[unlikely]]
@@ -305,6 +305,12 @@ inline void* reallocate(void* block, std::size_t count, std::size_t size, Site s
 void renewAllocationWatch() {
   const bool looks = faultsArmed || state.byteBudget != 0 || state.blockBudget != 0;
   unwatchedBelow = looks ? 0 : kSlotMax - kBlockOverhead + 1;
+}
+
+void* zeroedBlock(std::size_t bytes, const char* file, int line) noexcept {
+  void* const block = allocate(1, bytes, {file, line});
+  if (block != nullptr) std::memset(block, 0, bytes);
+  return block;
 }
 
 void freeWithTree(void* block) noexcept {

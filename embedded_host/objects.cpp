@@ -3,6 +3,7 @@
 #include "embedded_host/bounds.h"
 #include "embedded_host/fault.h"
 #include "embedded_host/object_tree.h"
+#include "embedded_host/tree_memory.h"
 #include "host/egf.h"
 #include "host/egf_bits.h"
 #include "host/egf_codes.h"
@@ -26,7 +27,7 @@ _egf_obj* EEL_AllocObject(int objClass, const char* file, int line) {
   if (egfhost::faultFails(FaultCall::EEL_AllocObject)) return nullptr;
   const egfhost::ObjectLayout* layout = egfhost::layoutOfClass(objClass);
   if (layout == nullptr) return nullptr;
-  auto* object = static_cast<_egf_obj*>(RMM_CallocName(1, layout->size, file, line));
+  auto* object = static_cast<_egf_obj*>(egfhost::zeroedBlock(layout->size, file, line));
   if (object == nullptr) return nullptr;
   object->objClass = objClass;
   object->objAttr = kDrawn;
