@@ -12,6 +12,7 @@ enum class BlockState : std::uint8_t {
   kFree = 0,
   kLive = 0xab,      // owned by whoever allocated it
   kChowned = 0xad,   // owned by the document
+  kGap = 0x4f,       // the end of a region, too short to be worth keeping
   kUnlisted = 0x50,  // freed with a whole tree and in no list
   kRetired = 0x51    // freed, but not yet given out again (sanitizer builds)
 };

@@ -9,20 +9,27 @@ namespace {
 constexpr std::uint16_t kOpenBias = 0x8000;
 static_assert(kRegionSize / kSlotMin < kOpenBias);
 
-EGFHOST_SEES_POISON void markSpare(BlockHeader* header, std::size_t sizeClass) {
+// What is left of a region below this stays unused: without a slot in a list, a region that a whole
+// tree leaves empty need not be looked through.
+constexpr std::uint32_t kLargestGap = 512;
+
+EGFHOST_SEES_POISON void markFree(BlockHeader* header, std::size_t sizeClass, BlockState state) {
   header->sizeClass = static_cast<std::uint8_t>(sizeClass);
-  header->state = BlockState::kFree;
+  header->state = state;
 }
 
-// Makes spare slots of what is left of the open region.
-void spareTheRest() {
+// Makes slots of what is left of the open region.
+void useTheRest() {
+  const bool gap = smallBlocks.room <= kLargestGap;
   while (smallBlocks.room >= kSlotMin) {
     const std::size_t sizeClass = kSizeClasses.classWithin(smallBlocks.room);
-    markSpare(headerAt(smallBlocks.next), sizeClass);
-    pushSpare(smallBlocks.next, sizeClass);
+    markFree(headerAt(smallBlocks.next), sizeClass, gap ? BlockState::kGap : BlockState::kFree);
+    if (!gap) {
+      pushSpare(smallBlocks.next, sizeClass);
+      ++smallBlocks.regions[smallBlocks.open].slots;
+    }
     smallBlocks.next += kSizeClasses.slotSize[sizeClass];
     smallBlocks.room -= kSizeClasses.slotSize[sizeClass];
-    ++smallBlocks.regions[smallBlocks.open].slots;
   }
 }
 
@@ -32,7 +39,7 @@ void closeRegion() {
   RegionCounts& counts = smallBlocks.regions[region];
   counts.slots = static_cast<std::uint16_t>(smallBlocks.carved);
   counts.live = static_cast<std::uint16_t>(counts.live - kOpenBias + smallBlocks.carved);
-  spareTheRest();
+  useTheRest();
   smallBlocks.open = 0;
   smallBlocks.room = 0;
   smallBlocks.carved = 0;
@@ -67,7 +74,7 @@ void releaseRegion(std::size_t region) {
   RegionCounts& counts = smallBlocks.regions[region];
   if (counts.unlisted != counts.slots) {
     forEachSlot(region, [](BlockHeader* header) {
-      if (stateOf(header) != BlockState::kUnlisted) unlinkSpare(slotOf(header), classOf(header));
+      if (stateOf(header) == BlockState::kFree) unlinkSpare(slotOf(header), classOf(header));
     });
   }
   counts.unlisted = 0;
