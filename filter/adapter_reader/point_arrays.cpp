@@ -30,15 +30,14 @@ void setPolygonTemplate(EgfPolygon* polygon) {
   polygon->trailingWord = kPolygonTrailingWord;
 }
 
-void rectCorners(CAdapterReader& adapter, const _svg_point& origin, const _svg_value& width,
-                 const _svg_value& height, _mpl_spacept_tag (&corners)[kRectCorners]) {
-  const PixelScale scale(adapter);
-  const double x = scale.pixels(origin.x);
-  const double y = scale.pixels(origin.y);
+void rectCorners(const PixelScale& scale, const ValueBox& box,
+                 _mpl_spacept_tag (&corners)[kRectCorners]) {
+  const double x = scale.pixels(box.x);
+  const double y = scale.pixels(box.y);
   const auto left = static_cast<float>(x * kSpaceUnits);
   const auto top = static_cast<float>(y * kSpaceUnits);
-  const auto right = static_cast<float>((x + scale.pixels(width)) * kSpaceUnits);
-  const auto bottom = static_cast<float>((y + scale.pixels(height)) * kSpaceUnits);
+  const auto right = static_cast<float>((x + scale.pixels(box.width)) * kSpaceUnits);
+  const auto bottom = static_cast<float>((y + scale.pixels(box.height)) * kSpaceUnits);
   corners[0] = {left, top};
   corners[1] = {left, bottom};
   corners[2] = {right, bottom};

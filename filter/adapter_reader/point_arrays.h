@@ -13,6 +13,8 @@ class CAdapterReader;
 
 namespace egfsvg {
 
+class PixelScale;  // pixel_scale.h
+
 inline constexpr int kRectCorners = 4;
 
 /// A new object that belongs to the document, null when memory ran out; allocateObject logs that.
@@ -24,9 +26,17 @@ _egf_obj* allocateObject(int objClass, const char* file, int line);
 /// The pen block of a polygon or box as every formatter starts it.
 void setPolygonTemplate(EgfPolygon* polygon);
 
+/// A rectangle as an element's values tell it.
+struct ValueBox {
+  const _svg_value& x;
+  const _svg_value& y;
+  const _svg_value& width;
+  const _svg_value& height;
+};
+
 /// Corners in the order of a box: top left, bottom left, bottom right, top right. Space units.
-void rectCorners(CAdapterReader& adapter, const _svg_point& origin, const _svg_value& width,
-                 const _svg_value& height, _mpl_spacept_tag (&corners)[kRectCorners]);
+void rectCorners(const PixelScale& scale, const ValueBox& box,
+                 _mpl_spacept_tag (&corners)[kRectCorners]);
 
 /// A copy of the points; null when memory ran out.
 _mpl_spacept_tag* copiedPoints(const _mpl_spacept_tag* points, std::size_t count);

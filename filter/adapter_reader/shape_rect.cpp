@@ -140,8 +140,8 @@ _egf_obj* CAdapterReader::SVG_formatEGFRect(_svg_rect* element) {
   if (isHidden(element->graphics)) return nullptr;
   const MapOwner by(*this, _findMapMatrix(&element->head, nullptr, nullptr));
   _mpl_spacept_tag corners[kRectCorners];
-  rectCorners(*this, {element->x, element->y}, element->width, element->height, corners);
   const PixelScale scale(*this);
+  rectCorners(scale, {element->x, element->y, element->width, element->height}, corners);
   // Kept: the whole pen width is added where lines add half of it.
   _mpl_spacerect_tag bounds{};
   if (needsBounds(element->fill, element->stroke)) {
@@ -153,9 +153,11 @@ _egf_obj* CAdapterReader::SVG_formatEGFRect(_svg_rect* element) {
   _egf_obj* object =
       round ? _getPathRect(corners, rx, ry, by.get()) : _getBoxRect(corners, by.get());
   if (object == nullptr) return nullptr;
-  const auto finish = round ? &CAdapterReader::_setPathParms : &CAdapterReader::_setPgonParms;
-  return (this->*finish)(object, bounds, by.get(), element->fill, element->stroke,
-                         element->graphics) == 0
-             ? object
-             : nullptr;
+  const auto finished = [&](auto setParms) {
+    const int result = (this->*setParms)(object, bounds, by.get(), element->fill, element->stroke,
+                                         element->graphics);
+    return result == 0 ? object : nullptr;
+  };
+  return round ? finished(&CAdapterReader::_setPathParms)
+               : finished(&CAdapterReader::_setPgonParms);
 }

@@ -1,6 +1,7 @@
 // The viewport of an svg element: its rectangle on the page and the size that percentages take.
 
 #include "adapter_reader/owners.h"
+#include "adapter_reader/pixel_scale.h"
 #include "adapter_reader/point_arrays.h"
 #include "adapter_reader/svg_adapterreader.h"
 #include "host/egf_bits.h"
@@ -32,7 +33,7 @@ bool viewportBox(_svg_svg& element, ViewportBox* box) {
 
 /// The four corners in the order of a box: top left, bottom left, bottom right, top right.
 void boxCorners(CAdapterReader& adapter, const ViewportBox& box, _mpl_spacept_tag (&corners)[4]) {
-  rectCorners(adapter, box.origin, box.width, box.height, corners);
+  rectCorners(PixelScale(adapter), {box.origin.x, box.origin.y, box.width, box.height}, corners);
 }
 
 /// A rectangle object of the corners, mapped, without a fill and kept out of written files. Null,
