@@ -165,8 +165,13 @@ bool namesNoPage(const cBuffer& source) {
     const int code = scanPlain(at, source.unreadEnd(), found);
     if (code == kAttNoMore) return true;
     if (code == kAttOdd) return false;
-    const std::string_view value(found.value, found.valueLength);
-    if (code == kAttId && value.find(kPageMarker) != value.npos) return false;
+    if (code != kAttId) continue;
+    const char* const end = found.value + found.valueLength;
+    if (findByte(found.value, end, kPageMarker[0]) == end) continue;
+    if (std::string_view(found.value, found.valueLength).find(kPageMarker) !=
+        std::string_view::npos) {
+      return false;
+    }
   }
 }
 
@@ -185,7 +190,7 @@ bool Enumeration::standsOnOtherPage() {
 void Enumeration::group() {
   const std::int32_t attributes = reader_.buffer.getFileIndex();
   if (standsOnOtherPage()) return skipPage();
-  reader_.buffer.setFileIndex(attributes);
+  if (reader_.buffer.getFileIndex() != attributes) reader_.buffer.setFileIndex(attributes);
   openGroup();
 }
 

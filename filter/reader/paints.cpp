@@ -62,25 +62,21 @@ int doubledHexDigit(const char* text) {
   return digit < 0 ? -1 : digit * kTwice;
 }
 
-/// The usual form: six digits. False, with nothing stored, for any other.
-bool readSixDigits(const char* at, int* const (&channels)[kChannels]) {
-  int values[kChannels];
-  for (int& value : values) {
-    const int first = hexDigit(at[0]);
-    if (first < 0) return false;
-    const int second = hexDigit(at[1]);
-    if (second < 0) return false;
-    value = first * kHexBase + second;
-    at += 2;
+/// Six digits, the usual form, as one number; -1 for any other text.
+int sixDigits(const char* at) {
+  constexpr int kDigits = 6;
+  int number = 0;
+  for (int i = 0; i < kDigits; ++i) {
+    const int digit = hexDigit(at[i]);
+    if (digit < 0) return -1;
+    number = number * kHexBase + digit;
   }
-  for (int i = 0; i < kChannels; ++i) *channels[i] = values[i];
-  return true;
+  return number;
 }
 
 /// "#rgb" or "#rrggbb"; false where a channel does not scan. The channels before it are stored.
 bool readHexColor(const char* text, int* const (&channels)[kChannels]) {
   constexpr std::size_t kShortSize = 4;
-  if (readSixDigits(text + 1, channels)) return true;
   const bool isLong = std::strlen(text) > kShortSize;
   const char* at = text + 1;
   for (int* channel : channels) {
@@ -116,6 +112,15 @@ void exchangeBlackAndWhite(int& red, int& green, int& blue) {
   } else if (any == kChannelMax && (red & green & blue) == kChannelMax) {
     red = green = blue = 0;
   }
+}
+
+/// The colour of a number of six digits, as it is stored.
+_svg_color exchanged(int number) {
+  constexpr int kWhite = 0xffffff;
+  constexpr int kGreenShift = 8;
+  constexpr int kRedShift = 16;
+  if (number == 0 || number == kWhite) number ^= kWhite;
+  return {number >> kRedShift, number >> kGreenShift & kChannelMax, number & kChannelMax, 0};
 }
 
 /// What stands in the brackets of "url(...)", without further brackets and blanks; null without
@@ -170,6 +175,10 @@ class RgbText {
 bool isReference(const char* paint) { return lower(*paint) == 'u' && startsWith(paint, "url"); }
 
 _svg_color parseColor(CHandlerReader& reader, _svg_attrib_pair* pair) {
+  if (hasValue(pair) && pair->value[0] == '#') {
+    const int number = sixDigits(pair->value + 1);
+    if (number >= 0) return exchanged(number);
+  }
   int red = 0;
   int green = 0;
   int blue = 0;

@@ -1,7 +1,10 @@
 #include <cctype>
+#include <random>
+#include <string>
 
 #include "attribute_support.h"
 #include "model/name_tables.h"
+#include "reader/paints.h"
 
 namespace egfsvg::test {
 namespace {
@@ -69,6 +72,30 @@ const ColourCase kColours[] = {{"#000", 0, 255, 255, 255},
                                {"hsl(0,1,1)", 0, 255, 255, 255},
                                {"darkcyan", 0, 0, 139, 139},
                                {"none", 0, 255, 255, 255}};
+
+/// Random digits, also black, white and texts with a byte that is no digit.
+TEST(Colours, sixDigitsInAnyCase) {
+  constexpr const char* kDigits[] = {"0123456789abcdef", "0123456789ABCDEF"};
+  std::mt19937 random(21);
+  CHandlerReader reader;
+  for (int round = 0; round < 5000; ++round) {
+    const int number = round % 50 == 0 ? 0 : round % 50 == 1 ? 0xffffff : random() & 0xffffff;
+    std::string text = "#";
+    for (int shift = 20; shift >= 0; shift -= 4) {
+      text += kDigits[random() % 2][number >> shift & 15];
+    }
+    const bool exchanged = number == 0 || number == 0xffffff;
+    const int stored = exchanged ? 0xffffff - number : number;
+    if (random() % 4 == 0) text += "80";
+    EXPECT_TRUE(
+        isColor(parseColor(reader, Pair(text)), stored >> 16, stored >> 8 & 255, stored & 255))
+        << text;
+    text[1 + random() % (text.size() - 1)] = "gG-/:@` \x80"[random() % 9];
+    int red = 0, green = 0, blue = 0;
+    reader.GetSVGColorPatt(red, green, blue, Pair(text));
+    EXPECT_TRUE(isColor(parseColor(reader, Pair(text)), red, green, blue)) << text;
+  }
+}
 
 TEST(Colours, channelsWithBlackAndWhiteExchanged) {
   CHandlerReader reader;
