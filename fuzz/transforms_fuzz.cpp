@@ -1,7 +1,7 @@
 // Transform lists, appended once or twice to an element.
 #include "fuzz/fuzz_support.h"
 #include "model/lifecycle.h"
-#include "reader/transforms.h"
+#include "model/transform_list.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace egfsvg::fuzz;

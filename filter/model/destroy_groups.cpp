@@ -1,5 +1,6 @@
 #include "model/lifecycle.h"
 #include "model/rmm_allocator.h"
+#include "model/transform_list.h"
 
 using egfsvg::freeAll;
 
@@ -17,11 +18,8 @@ void DestroyCommonElements(_svg_common* head) {
   if (head == nullptr) return;
   freeAll(head->id, head->desc, head->classNames);
   head->classCount = 0;
-  if (head->transforms != nullptr) {
-    for (std::int32_t i = head->transformCount - 1; i >= 0; --i) freeAll(head->transforms[i].args);
-  }
-  freeAll(head->transforms, head->styleRef);
-  head->transformCount = 0;
+  egfsvg::releaseTransforms(*head);
+  freeAll(head->styleRef);
 }
 
 void DestroyPAElements(_svg_pa* pa) {

@@ -114,46 +114,54 @@ void destroyAnnotation(_svg_markup_anno* annotation) {
   destroyGroup(&annotation->group);
 }
 
-using Destroyer = void (*)(void*);
-
-template <class Record, void (*destroy)(Record*)>
-void destroyAs(void* record) {
+template <class Record>
+Record* as(void* record) {
   static_assert(std::is_trivially_copyable_v<Record>);
-  destroy(static_cast<Record*>(record));
+  return static_cast<Record*>(record);
 }
-
-struct DestroyerRow {
-  std::int32_t type;
-  Destroyer destroy;
-};
-
-constexpr DestroyerRow kDestroyers[] = {
-    {kTagSvg, destroyAs<_svg_svg, destroySvg>},
-    {kTagPath, destroyAs<_svg_path, destroyPath>},
-    {kTagRect, destroyAs<_svg_rect, destroyShape>},
-    {kTagCircle, destroyAs<_svg_circle, destroyShape>},
-    {kTagEllipse, destroyAs<_svg_ellipse, destroyShape>},
-    {kTagLine, destroyAs<_svg_line, destroyMarkedShape>},
-    {kTagPolyline, destroyAs<_svg_polyline, destroyPointShape>},
-    {kTagPolygon, destroyAs<_svg_polygon, destroyPointShape>},
-    {kTagText, destroyAs<_svg_text, destroyText>},
-    {kTagGroup, destroyAs<_svg_group, destroyGroup>},
-    {kTagImage, destroyAs<_svg_image, destroyImage>},
-    {kTagLink, destroyAs<_svg_a, destroyLink>},
-    {kTagCloud, destroyAs<_svg_markup_cloud, destroyCloud>},
-    {kTagCrossout, destroyAs<_svg_markup_crossout, destroyCrossout>},
-    {kTagDiamond, destroyAs<_svg_markup_diamond, destroyDiamond>},
-    {kTagAnnotation, destroyAs<_svg_markup_anno, destroyAnnotation>},
-};
 
 }  // namespace
 
 }  // namespace egfsvg
 
 void svg_DestroyObjectAtt(void* record, std::int32_t type) {
+  using namespace egfsvg;
   if (record == nullptr) return;
-  for (const auto& row : egfsvg::kDestroyers) {
-    if (row.type == type) return row.destroy(record);
+  switch (type) {
+    case kTagSvg:
+      return destroySvg(as<_svg_svg>(record));
+    case kTagPath:
+      return destroyPath(as<_svg_path>(record));
+    case kTagRect:
+      return destroyShape(as<_svg_rect>(record));
+    case kTagCircle:
+      return destroyShape(as<_svg_circle>(record));
+    case kTagEllipse:
+      return destroyShape(as<_svg_ellipse>(record));
+    case kTagLine:
+      return destroyMarkedShape(as<_svg_line>(record));
+    case kTagPolyline:
+      return destroyPointShape(as<_svg_polyline>(record));
+    case kTagPolygon:
+      return destroyPointShape(as<_svg_polygon>(record));
+    case kTagText:
+      return destroyText(as<_svg_text>(record));
+    case kTagGroup:
+      return destroyGroup(as<_svg_group>(record));
+    case kTagImage:
+      return destroyImage(as<_svg_image>(record));
+    case kTagLink:
+      return destroyLink(as<_svg_a>(record));
+    case kTagCloud:
+      return destroyCloud(as<_svg_markup_cloud>(record));
+    case kTagCrossout:
+      return destroyCrossout(as<_svg_markup_crossout>(record));
+    case kTagDiamond:
+      return destroyDiamond(as<_svg_markup_diamond>(record));
+    case kTagAnnotation:
+      return destroyAnnotation(as<_svg_markup_anno>(record));
+    default:
+      return;
   }
 }
 

@@ -47,9 +47,16 @@ inline char* duplicateText(const char* text, const char* file, int line) {
   return text == nullptr ? nullptr : duplicateText(text, std::strlen(text), file, line);
 }
 
+/// Whether all pointers are null.
+template <class... T>
+bool allNull(T* const&... block) {
+  return (reinterpret_cast<std::uintptr_t>(block) | ...) == 0;
+}
+
 /// Frees each block that is there and sets each pointer to null.
 template <class... T>
 void freeAll(T*&... block) {
+  if (allNull(block...)) return;  // most records own little of what they could
   ((block != nullptr ? (RMM_Free(const_cast<std::remove_cv_t<T>*>(block)), block = nullptr)
                      : nullptr),
    ...);

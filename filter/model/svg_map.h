@@ -1,7 +1,8 @@
 // The keyed table of the reader: entries in order of insertion, keys compared without regard to
 // case, the first match counting. Keys are owned by the map, values are not. The first look-up in a
-// table that is worth it builds a hash index over the lower-cased keys; without memory for it, looks
-// walk the entries.
+// table that is worth it builds a hash index over the lower-cased keys; without memory for it,
+// looks walk the entries. A numbered table has null keys: an entry's key is its position, in
+// decimal.
 #pragma once
 
 #include <cstddef>
@@ -92,6 +93,7 @@ class Map {
   }
   std::int32_t isthere(const char* key, std::size_t length) const {
     if (key == nullptr || count == 0) return -1;
+    if (entries[0].key == nullptr) return positionOf(key, length);
     return isIndexed() ? lookUp(key, length) : walk(key, length);
   }
 
@@ -121,6 +123,13 @@ class Map {
     entries[count] = {key, value};
     ++count;
     if (index_.holds(count)) index_.put(egfsvg::hashNoCase(key, std::strlen(key)), count - 1);
+    return true;
+  }
+
+  /// Adds to a numbered table. False without memory: nothing has changed.
+  bool appendNumbered(V* value) {
+    if (count == capacity_ && !grow()) return false;
+    entries[count++] = {nullptr, value};
     return true;
   }
 
@@ -165,6 +174,18 @@ class Map {
       index_.put(egfsvg::hashNoCase(entries[i].key, std::strlen(entries[i].key)), i);
     }
     return true;
+  }
+
+  /// Of a number without leading zeros, in a numbered table.
+  std::int32_t positionOf(const char* key, std::size_t length) const {
+    std::int64_t position = 0;
+    if (length == 0 || (length > 1 && key[0] == '0')) return -1;
+    for (std::size_t i = 0; i < length; ++i) {
+      if (!egfsvg::isDigit(key[i])) return -1;
+      position = position * 10 + (key[i] - '0');
+      if (position >= count) return -1;
+    }
+    return static_cast<std::int32_t>(position);
   }
 
   std::int32_t walk(const char* key, std::size_t length) const {

@@ -55,16 +55,20 @@ struct _svg_attrib_pair {
 /// target is drawn.
 struct _xml_obj {
   struct _svg_localref* reference;
-  char* value;             // owned
-  std::int32_t dataKind;   // embedded data: 1 JPEG, 2 PNG, 0 otherwise
+  char* value;            // owned
+  std::int32_t dataKind;  // embedded data: 1 JPEG, 2 PNG, 0 otherwise
   std::int32_t returnIndex;
 };
+
+/// Where the arguments of a transform list stand: a mark in its first function.
+enum TransformStorage : std::int32_t { kTransformArgsApart = 0, kTransformsInOneBlock = 1 };
 
 /// One function of a transform list.
 struct transformEntry {
   std::int32_t kind;  // TransformKind
   _svg_value* args;   // owned, argCount entries
   std::int32_t argCount;
+  std::int32_t storage = kTransformArgsApart;  // TransformStorage (model/transform_list.h)
 };
 
 namespace egfsvg {

@@ -1,6 +1,7 @@
 // Which container is open, the table record behind an element, and the transform list that a child
 // takes over.
 #include "model/rmm_allocator.h"
+#include "model/transform_list.h"
 #include "reader/reference_key.h"
 #include "reader/release.h"
 #include "reader/svg_handlerreader.h"
@@ -34,20 +35,6 @@ template <class Value>
 _svg_common* headAt(const Map<Value>& table, std::int32_t index, std::int32_t counter) {
   Value* value = index < counter ? table.at(index) : nullptr;
   return value == nullptr ? nullptr : &value->head;
-}
-
-/// A copy of one function with arguments of its own. False without memory.
-bool copyEntry(transformEntry& to, const transformEntry& from) {
-  to = from;
-  if (from.args == nullptr) return true;
-  const auto count = static_cast<std::size_t>(from.argCount);
-  to.args = allocateArray<_svg_value>(count, RMM_SITE);
-  if (to.args == nullptr) {
-    to.argCount = 0;
-    return false;
-  }
-  for (std::size_t i = 0; i < count; ++i) to.args[i] = from.args[i];
-  return true;
 }
 
 }  // namespace
@@ -124,8 +111,10 @@ _svg_common* CHandlerReader::closeContainer(_svg_common* element) {
   if (isMarkup(element->type)) {
     release(reinterpret_cast<_svg_group*>(element));
   } else if (headAt(groups, index, groupCount) == element) {
-    release(groups.entries[index].value);
-    groups.entries[index].value = nullptr;
+    _svg_group*& group = groups.entries[index].value;
+    empty(group);
+    state.groups.giveBack({reinterpret_cast<char*>(group), sizeof *group});
+    group = nullptr;
   } else if (index >= kKeptViewports && headAt(svgs, index, svgCount) == element) {
     release(svgs.entries[index].value);
     svgs.entries[index].value = nullptr;
@@ -137,22 +126,12 @@ void CHandlerReader::CopyOwnerTransformList(_svg_common* element) {
   if (element != nullptr && element->parent != nullptr) CopyTransformList(element, element->parent);
 }
 
+/// The records hold one list together. A gradient may change its own later.
 void CHandlerReader::CopyTransformList(_svg_common* to, const _svg_common* from) {
   if (to == nullptr || from == nullptr || to->transforms != nullptr) return;
   if (from->transforms == nullptr || from->transformCount <= 0) return;
-  const auto count = static_cast<std::size_t>(from->transformCount);
-  to->transforms = allocateArray<transformEntry>(count, RMM_SITE);
-  to->transformCount = 0;
-  if (to->transforms == nullptr) {
+  const bool changesIt = to->type == kTagLinearGradient || to->type == kTagRadialGradient;
+  if (!(changesIt ? copyTransforms(*to, *from) : shareTransforms(*to, *from))) {
     state.outOfMemory = true;
-    return;
-  }
-  for (std::int32_t i = 0; i < from->transformCount; ++i) {
-    to->transforms[i].args = nullptr;
-    const bool copied = copyEntry(to->transforms[i], from->transforms[i]);
-    to->transformCount = i + 1;
-    if (copied) continue;
-    state.outOfMemory = true;
-    return;
   }
 }

@@ -84,10 +84,9 @@ int Delivery::sendSvg(const _svg_svg& svg) {
 }
 
 int Delivery::sendGroup() {
-  Envelope envelope(reader_, record_->owner, kTagGroup, sizeof(_svg_group), kTagGroup);
+  Envelope envelope(reader_, record_->owner, kTagGroup, sizeof(_svg_group), kTagNone);
   if (!envelope.isReady()) return kStopQuietly;
   initGroupObj(envelope.payload<_svg_group>());
-  envelope.fill();
   return send(envelope);
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "model/groups.h"
+#include "reader/inherited_groups.h"
 
 namespace egfsvg {
 
@@ -14,7 +15,6 @@ void copyGroup(const _svg_pa& source, void* group, int groupCode);
 void copyWholeGroup(_svg_pa_fill& to, const _svg_pa_fill& from);
 void copyWholeGroup(_svg_pa_stroke& to, const _svg_pa_stroke& from);
 void copyWholeGroup(_svg_pa_graphics& to, const _svg_pa_graphics& from);
-void copyWholeGroup(_svg_pa_fontspec& to, const _svg_pa_fontspec& from);
 void copyWholeGroup(_svg_pa_textcontentelems& to, const _svg_pa_textcontentelems& from);
 
 }  // namespace egfsvg

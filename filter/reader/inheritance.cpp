@@ -1,13 +1,11 @@
 // What an element takes over from its parent, at its creation and by the keyword "inherit".
 
 #include <cstring>
-#include <span>
 
 #include "model/rmm_allocator.h"
 #include "reader/element_layout.h"
 #include "reader/group_copies.h"
 #include "reader/svg_handlerreader.h"
-#include "reader/text_fields.h"
 
 namespace egfsvg {
 
@@ -62,90 +60,82 @@ const _svg_pa* parentBlock(Reader& reader, _svg_common* parent, _svg_pa& scratch
   }
 }
 
-/// The groups that an element takes over, in the order of copying.
-struct HeirRow {
-  GroupOffsets groups;
-  std::span<const GroupCode> copied;
-};
-
-constexpr GroupCode kContainerGroups[] = {kGroupFill,        kGroupStroke,      kGroupGraphics,
-                                          kGroupFont,        kGroupImages,      kGroupMarkers,
-                                          kGroupTextContent, kGroupTextElements};
-constexpr GroupCode kMarkedGroups[] = {kGroupFill, kGroupStroke, kGroupGraphics, kGroupMarkers};
-constexpr GroupCode kShapeGroups[] = {kGroupFill, kGroupStroke, kGroupGraphics};
-constexpr GroupCode kTextGroups[] = {kGroupFill, kGroupStroke,      kGroupGraphics,
-                                     kGroupFont, kGroupTextContent, kGroupTextElements};
-constexpr GroupCode kImageGroups[] = {kGroupGraphics, kGroupImages};
-constexpr GroupCode kGradientGroups[] = {kGroupGraphics};
+/// Takes over the groups that a record has, of those that go down. Containers keep theirs in one
+/// block.
+template <class Groups>
+void inheritGroups(Groups& to, const _svg_pa& from) {
+  if constexpr (requires { to.fill; }) inheritGroup(to.fill, from.fill);
+  if constexpr (requires { to.stroke; }) inheritGroup(to.stroke, from.stroke);
+  if constexpr (requires { to.graphics; }) inheritGroup(to.graphics, from.graphics);
+  if constexpr (requires { to.fontspec; }) inheritGroup(to.fontspec, from.fontspec);
+  if constexpr (requires { to.images; }) inheritGroup(to.images, from.images);
+  if constexpr (requires { to.markers; }) inheritGroup(to.markers, from.markers);
+  if constexpr (requires { to.textcontentelems; }) {
+    inheritGroup(to.textcontentelems, from.textcontentelems);
+  }
+  if constexpr (requires { to.textelems; }) inheritGroup(to.textelems, from.textelems);
+}
 
 template <class Record>
-constexpr HeirRow kHeir{GroupOffsets::of<Record>(), kContainerGroups};
-template <>
-constexpr HeirRow kHeir<_svg_path>{GroupOffsets::of<_svg_path>(), kMarkedGroups};
-template <>
-constexpr HeirRow kHeir<_svg_line>{GroupOffsets::of<_svg_line>(), kMarkedGroups};
-template <>
-constexpr HeirRow kHeir<_svg_polyline>{GroupOffsets::of<_svg_polyline>(), kMarkedGroups};
-template <>
-constexpr HeirRow kHeir<_svg_polygon>{GroupOffsets::of<_svg_polygon>(), kMarkedGroups};
-template <>
-constexpr HeirRow kHeir<_svg_rect>{GroupOffsets::of<_svg_rect>(), kShapeGroups};
-template <>
-constexpr HeirRow kHeir<_svg_circle>{GroupOffsets::of<_svg_circle>(), kShapeGroups};
-template <>
-constexpr HeirRow kHeir<_svg_ellipse>{GroupOffsets::of<_svg_ellipse>(), kShapeGroups};
-template <>
-constexpr HeirRow kHeir<_svg_text>{GroupOffsets::of<_svg_text>(), kTextGroups};
-template <>
-constexpr HeirRow kHeir<_svg_image>{GroupOffsets::of<_svg_image>(), kImageGroups};
-template <>
-constexpr HeirRow kHeir<_svg_gradient>{GroupOffsets::of<_svg_gradient>(), kGradientGroups};
-template <>
-constexpr HeirRow kHeir<_svg_stop>{GroupOffsets::of<_svg_stop>(), kGradientGroups};
+bool inherit(void* element, const _svg_pa& from) {
+  auto& to = *static_cast<Record*>(element);
+  if constexpr (requires { to.pa; }) {
+    inheritGroups(to.pa, from);
+  } else {
+    inheritGroups(to, from);
+  }
+  return true;
+}
 
-const HeirRow* heirOf(int type) {
+bool inheritPath(void* element, const _svg_pa& from) {
+  static_cast<_svg_path*>(element)->pathFlag = 1;
+  return inherit<_svg_path>(element, from);
+}
+
+/// False for a type that takes nothing over.
+bool inheritByType(void* element, int type, const _svg_pa& from) {
   switch (type) {
     case kTagSvg:
     case kTagSymbol:
-      return &kHeir<_svg_svg>;
+      return inherit<_svg_svg>(element, from);
     case kTagGroup:
     case kTagUse:
     case kTagCloud:
     case kTagCrossout:
     case kTagDiamond:
     case kTagAnnotation:
-      return &kHeir<_svg_group>;
+      return inherit<_svg_group>(element, from);
     case kTagDefs:
-      return &kHeir<_svg_defs>;
+      return inherit<_svg_defs>(element, from);
     case kTagLink:
-      return &kHeir<_svg_a>;
+      return inherit<_svg_a>(element, from);
     case kTagSwitch:
-      return &kHeir<_svg_switch>;
+      return inherit<_svg_switch>(element, from);
     case kTagPath:
-      return &kHeir<_svg_path>;
+      return inheritPath(element, from);
     case kTagRect:
-      return &kHeir<_svg_rect>;
+      return inherit<_svg_rect>(element, from);
     case kTagCircle:
-      return &kHeir<_svg_circle>;
+      return inherit<_svg_circle>(element, from);
     case kTagEllipse:
-      return &kHeir<_svg_ellipse>;
+      return inherit<_svg_ellipse>(element, from);
     case kTagLine:
-      return &kHeir<_svg_line>;
+      return inherit<_svg_line>(element, from);
     case kTagPolyline:
-      return &kHeir<_svg_polyline>;
+      return inherit<_svg_polyline>(element, from);
     case kTagPolygon:
-      return &kHeir<_svg_polygon>;
+      return inherit<_svg_polygon>(element, from);
     case kTagText:
-      return &kHeir<_svg_text>;
+      return inherit<_svg_text>(element, from);
     case kTagImage:
-      return &kHeir<_svg_image>;
+      return inherit<_svg_image>(element, from);
     case kTagLinearGradient:
     case kTagRadialGradient:
-      return &kHeir<_svg_gradient>;
+      return inherit<_svg_gradient>(element, from);
     case kTagStop:
-      return &kHeir<_svg_stop>;
+      return inherit<_svg_stop>(element, from);
     default:
-      return nullptr;
+      return false;
   }
 }
 
@@ -219,15 +209,9 @@ int CHandlerReader::InheritStyleAndTransform(void* element, int type) {
   auto* head = static_cast<_svg_common*>(element);
   if (head == nullptr) return -1;
   if (head->parent == nullptr) return 0;
-  const HeirRow* heir = heirOf(type);
-  if (heir == nullptr) return 0;
   _svg_pa scratch;
-  const _svg_pa* source = parentBlock(*this, head->parent, scratch);
-  for (const GroupCode code : heir->copied) {
-    copyGroup(*source, heir->groups.find(element, code), code);
-  }
-  if (type == kTagPath) static_cast<_svg_path*>(element)->pathFlag = 1;
-  CopyOwnerTransformList(head);
+  if (!inheritByType(element, type, *parentBlock(*this, head->parent, scratch))) return 0;
+  if (head->parent->transforms != nullptr) CopyOwnerTransformList(head);
   return 0;
 }
 

@@ -1,5 +1,7 @@
 #include "reader/leaf_kinds.h"
 
+#include <array>
+
 #include "model/lifecycle.h"
 
 namespace egfsvg {
@@ -46,13 +48,17 @@ constexpr LeafKind kKinds[] = {
     leaf<_svg_image, initImage, &Reader::ParseImageTagData>(kTagImage),
 };
 
+constexpr auto kByTag = [] {
+  std::array<const LeafKind*, kTagStop + 1> kinds{};
+  for (const LeafKind& kind : kKinds) kinds[static_cast<std::size_t>(kind.tag)] = &kind;
+  return kinds;
+}();
+
 }  // namespace
 
 const LeafKind* leafKind(int tag) {
-  for (const LeafKind& kind : kKinds) {
-    if (kind.tag == tag) return &kind;
-  }
-  return nullptr;
+  const auto at = static_cast<std::size_t>(tag);
+  return at < kByTag.size() ? kByTag[at] : nullptr;
 }
 
 }  // namespace egfsvg

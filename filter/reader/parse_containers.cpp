@@ -1,5 +1,5 @@
 // The parsers of svg, g, use and switch: records that their table keeps until the read ends.
-#include <charconv>
+#include <cstring>
 
 #include "model/lifecycle.h"
 #include "model/rmm_allocator.h"
@@ -42,14 +42,22 @@ std::size_t tokenLength(const char* text) {
   return length;
 }
 
-constexpr std::size_t kIndexTextSize = 12;  // a 32-bit number and its terminator
+template <class Record>
+Record* takeRecord(ReaderState&) {
+  return allocateRecord<Record>(RMM_SITE);
+}
+/// Groups come and go: the block of one that has closed serves the next.
+template <>
+_svg_group* takeRecord(ReaderState& state) {
+  return reinterpret_cast<_svg_group*>(state.groups.take(sizeof(_svg_group)).memory);
+}
 
 /// A new record with its defaults, type, parent and number, and what it takes from its parent. Null
 /// without memory.
 template <class Record>
 Owned<Record> openRecord(CHandlerReader& reader, void (*init)(Record*), _svg_common* parent,
                          int type, std::int32_t index, int inheritsAs) {
-  auto* block = allocateRecord<Record>(RMM_SITE);
+  auto* block = takeRecord<Record>(reader.state);
   if (block == nullptr) {
     reader.state.outOfMemory = true;
     return nullptr;
@@ -60,7 +68,7 @@ Owned<Record> openRecord(CHandlerReader& reader, void (*init)(Record*), _svg_com
   record->head.type = type;
   record->head.index = index;
   reader.InheritStyleAndTransform(record.get(), inheritsAs);
-  reader.SetStyleBasedOnTypeSelector(record.get(), type);
+  if (reader.styles.count != 0) reader.SetStyleBasedOnTypeSelector(record.get(), type);
   return record;
 }
 
@@ -75,11 +83,7 @@ bool readOwnAttributes(CHandlerReader& reader, const ElementRow& row, _svg_commo
 /// memory.
 template <class Record>
 Record* enter(CHandlerReader& reader, Map<Record>& table, Owned<Record> record) {
-  char text[kIndexTextSize];
-  const char* end = std::to_chars(text, text + sizeof text, record->head.index).ptr;
-  char* key = duplicateText(text, static_cast<std::size_t>(end - text), RMM_SITE);
-  if (key != nullptr && table.append(key, record.get())) return record.release();
-  freeAll(key);
+  if (table.appendNumbered(record.get())) return record.release();
   reader.state.outOfMemory = true;
   return nullptr;
 }

@@ -88,6 +88,7 @@ struct ReaderState {
   std::int32_t gaugeThreshold = 0;      // file index below which the gauge cannot move
   SpareBlocks values;                   // value blocks of attribute pairs
   SpareBlocks objects;                  // envelopes with their records
+  SpareBlocks groups;                   // records of groups
   RuleIndex rules;                      // about the style table
 };
 

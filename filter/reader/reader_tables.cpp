@@ -35,9 +35,14 @@ void release(_svg_svg* record) {
   freeAll(record->viewBox, record);
 }
 
-void release(_svg_group* record) {
+void empty(_svg_group* record) {
   destroyContainer(record);
-  freeAll(record->link.value, record);
+  freeAll(record->link.value);
+}
+
+void release(_svg_group* record) {
+  empty(record);
+  freeAll(record);
 }
 
 void release(_svg_switch* record) {

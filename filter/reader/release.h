@@ -8,6 +8,9 @@
 
 namespace egfsvg {
 
+/// What a group holds, without its block.
+void empty(_svg_group* record);
+
 void release(_svg_svg* record);
 void release(_svg_group* record);
 void release(_svg_switch* record);

@@ -22,7 +22,7 @@ int parseLeaf(CHandlerReader& reader, const ElementRow& row, _svg_common* record
   record->parent = parent;
   record->type = tag;
   reader.InheritStyleAndTransform(record, tag);
-  reader.SetStyleBasedOnTypeSelector(record, tag);
+  if (reader.styles.count != 0) reader.SetStyleBasedOnTypeSelector(record, tag);
   return readOwnAttributes(reader, row, record, tag);
 }
 

@@ -6,10 +6,10 @@
 #include "frame/result_codes.h"
 #include "model/name_tables.h"
 #include "model/rmm_allocator.h"
+#include "model/transform_list.h"
 #include "reader/number_scan.h"
 #include "reader/reports.h"
 #include "reader/svg_handlerreader.h"
-#include "reader/transforms.h"
 
 namespace egfsvg {
 
@@ -87,20 +87,6 @@ const char* readArguments(transformEntry& entry, const char* at, const char* las
 }
 
 }  // namespace
-
-transformEntry* appendTransform(_svg_common* head, std::int32_t kind, std::int32_t argCount) {
-  const std::int32_t count = head->transformCount;
-  if (count >= kMaxTransforms) return nullptr;
-  auto* list = static_cast<transformEntry*>(RMM_ReAllocName(
-      head->transforms, static_cast<std::size_t>(count) + 1, sizeof(transformEntry), RMM_SITE));
-  if (list == nullptr) return nullptr;
-  head->transforms = list;
-  auto* args = allocateArray<_svg_value>(static_cast<std::size_t>(argCount), RMM_SITE);
-  if (args == nullptr) return nullptr;
-  list[count] = {kind, args, argCount};
-  ++head->transformCount;
-  return &list[count];
-}
 
 }  // namespace egfsvg
 

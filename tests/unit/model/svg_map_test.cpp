@@ -89,6 +89,18 @@ TEST(Map, ClearsAndStartsAnew) {
   EXPECT_EQ(map.isthere("5"), 0);
 }
 
+TEST(Map, NumberedEntriesAreFoundByTheirPosition) {
+  Map<Value> map;
+  std::vector<Value> values(1200);
+  for (Value& value : values) ASSERT_TRUE(map.appendNumbered(&value));
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    ASSERT_EQ(map.find(std::to_string(i).c_str()), &values[i]);
+  }
+  for (const char* other : {"", "1200", "00", "01", "-1", "1 ", "a", "99999999999999999999"}) {
+    EXPECT_EQ(map.isthere(other), -1) << other;
+  }
+}
+
 // Whatever allocation fails, the table stays whole and the caller knows whose the key is.
 TEST(Map, EveryAllocationFailureLeavesTheTableWhole) {
   for (std::uint64_t n = 1; n <= 40; ++n) {

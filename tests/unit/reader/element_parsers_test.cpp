@@ -530,7 +530,7 @@ TEST(Containers, TheRecordBehindAnElement) {
   release(markup);
 }
 
-TEST(Containers, TransformListsAreCopiedWhole) {
+TEST(Containers, TransformListsGoDownWhole) {
   CHandlerReader reader;
   TextReader source("<g transform=\"translate(1,2) rotate(3)\">");
   source->GetNextTag(nullptr);
@@ -543,7 +543,6 @@ TEST(Containers, TransformListsAreCopiedWhole) {
   ASSERT_EQ(to.transformCount, 2);
   EXPECT_EQ(to.transforms[1].kind, 1);
   EXPECT_EQ(to.transforms[1].argCount, 3);
-  EXPECT_NE(to.transforms[0].args, from->transforms[0].args);
   EXPECT_EQ(to.transforms[0].args[1].value, 2.0);
   const transformEntry* kept = to.transforms;
   reader.CopyTransformList(&to, from);
@@ -555,13 +554,12 @@ TEST(Containers, TransformListsAreCopiedWhole) {
   reader.CopyTransformList(&orphan, nullptr);
   reader.CopyTransformList(nullptr, from);
   EXPECT_EQ(orphan.transforms, nullptr);
-  for (std::uint64_t call = 1; call <= 3; ++call) {
-    ASSERT_TRUE(egfhost::failAllocation(call));
-    reader.CopyTransformList(&to, from);
-    egfhost::clearFaults();
-    EXPECT_TRUE(reader.state.outOfMemory);
-    DestroyCommonElements(&to);
-  }
+  to.type = kTagLinearGradient;  // the one that takes a copy
+  ASSERT_TRUE(egfhost::failAllocation(1));
+  reader.CopyTransformList(&to, from);
+  egfhost::clearFaults();
+  EXPECT_TRUE(reader.state.outOfMemory);
+  EXPECT_EQ(to.transforms, nullptr);
 }
 
 }  // namespace

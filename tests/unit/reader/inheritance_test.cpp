@@ -150,7 +150,7 @@ struct Inherit : testing::Test {
     ASSERT_EQ(element->head.transformCount, 2);
     EXPECT_EQ(element->head.transforms[0].kind, kScale);
     EXPECT_EQ(element->head.transforms[1].kind, kRotate);
-    EXPECT_NE(element->head.transforms[0].args, parent->head.transforms[0].args);
+    EXPECT_EQ(element->head.transforms[0].args[1].value, 2);
   }
   template <class Element>
   void expectShape(Element& element) {
@@ -287,6 +287,28 @@ TEST_F(Inherit, aReferenceWithoutAGradientStays) {
   inherit(rect, kTagRect);
   EXPECT_EQ(rect->fill.fillUrl, nullptr);
   EXPECT_EQ(rect->stroke.strokeUrl, nullptr);
+}
+
+TEST_F(Inherit, aChildAddsToAListOfItsOwn) {
+  Rect child;
+  inherit(child, kTagRect);
+  reader.SetTransformAtt(&child->head, Pair("skewX(4)"));
+  EXPECT_EQ(child->head.transformCount, 3);
+  EXPECT_EQ(parent->head.transformCount, 2);
+  EXPECT_EQ(parent->head.transforms[1].args[0].value, 3);
+}
+
+// The fractions of its bounding box are its own matter.
+TEST_F(Inherit, aGradientChangesAListOfItsOwn) {
+  reader.SetTransformAtt(&parent->head, Pair("translate(5,6)"));
+  Gradient gradient;
+  gradient->head.type = kTagLinearGradient;
+  gradient->head.parent = &parent->head;
+  reader.InheritStyleAndTransform(gradient.get(), kTagLinearGradient);
+  reader.SetBoundingBoxUnits(gradient.get());
+  ASSERT_EQ(gradient->head.transformCount, 3);
+  EXPECT_TRUE(isValue(gradient->head.transforms[2].args[0], 5, kUnitBoundingBox));
+  EXPECT_TRUE(isValue(parent->head.transforms[2].args[0], 5, kUnitPixel));
 }
 
 TEST_F(Inherit, endlessTextsStayWithTheParent) {

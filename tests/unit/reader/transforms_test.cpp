@@ -141,15 +141,21 @@ TEST(Transforms, aListHoldsAsManyAsItsBound) {
 }
 
 TEST(Transforms, withoutMemoryTheListStaysWhole) {
+  const std::string functions = "scale(2) rotate(3) skewX(1) matrix(1,2,3,4,5,6)";
+  const std::vector<Entry> whole = {
+      {kScale, {2, 2}}, {kRotate, {3, 0, 0}}, {kSkewX, {1}}, {kMatrix, {1, 2, 3, 4, 5, 6}}};
   CHandlerReader reader;
-  for (int failing = 1; failing <= 4; ++failing) {
+  std::uint64_t failing = 1;
+  for (int result = kOutOfMemory; result == kOutOfMemory; ++failing) {
     Rect rect;
-    egfhost::failAllocation(static_cast<std::uint64_t>(failing));
-    const int result = reader.SetTransformAtt(&rect->head, Pair("scale(2) rotate(3)"));
+    egfhost::failAllocation(failing);
+    result = reader.SetTransformAtt(&rect->head, Pair(functions));
     egfhost::clearFaults();
-    EXPECT_EQ(result, kOutOfMemory);
-    EXPECT_EQ(rect->head.transformCount, (failing - 1) / 2);
+    const auto count = static_cast<std::size_t>(rect->head.transformCount);
+    ASSERT_TRUE(result == kOutOfMemory ? count < whole.size() : count == whole.size());
+    expectEntries(rect->head, {whole.begin(), whole.begin() + rect->head.transformCount});
   }
+  EXPECT_GT(failing, 2U);
 }
 
 TEST(Transforms, compactNumbersFollowTheGrammar) {
