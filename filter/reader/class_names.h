@@ -1,6 +1,7 @@
 // Names of a class attribute.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <string_view>
 
@@ -18,16 +19,22 @@ class ClassNameWalk {
 
   /// The next name; empty at the end.
   std::string_view next() {
-    while (isSeparator(*at_)) ++at_;
+    while (*at_ != '\0' && endsName(*at_)) ++at_;
     const char* first = at_;
     if (left_-- <= 0) return {};
-    while (*at_ != '\0' && !isSeparator(*at_) && length(first) < kClassNameLength) ++at_;
-    return {first, length(first)};
+    const char* const most = first + kClassNameLength;
+    while (at_ != most && !endsName(*at_)) ++at_;
+    return {first, static_cast<std::size_t>(at_ - first)};
   }
 
  private:
-  static constexpr bool isSeparator(char c) { return isWhite(c) || c == ',' || c == ';'; }
-  std::size_t length(const char* first) const { return static_cast<std::size_t>(at_ - first); }
+  static constexpr auto kEnds = [] {
+    std::array<bool, 256> ends{};
+    for (int c = 0; c < 256; ++c) ends[static_cast<std::size_t>(c)] = isWhite(static_cast<char>(c));
+    ends['\0'] = ends[','] = ends[';'] = true;
+    return ends;
+  }();
+  static constexpr bool endsName(char c) { return kEnds[static_cast<unsigned char>(c)]; }
 
   const char* at_;
   std::int32_t left_ = kMaxClasses;

@@ -85,6 +85,7 @@ struct ReaderState {
   bool outOfMemory = false;             // an allocation failed: the read ends with that
   bool stopped = false;                 // something inside a nested enumeration ends the read
   bool reporting = false;               // what is dropped is logged: set in the second pass
+  mutable std::int64_t reports = 0;     // things left out that were logged, counted over all reads
   std::int32_t gaugeThreshold = 0;      // file index below which the gauge cannot move
   SpareBlocks values;                   // value blocks of attribute pairs
   SpareBlocks objects;                  // envelopes with their records

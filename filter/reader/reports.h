@@ -15,6 +15,7 @@ const char* elementName(int tag, char (&text)[kElementNameSize]);
 inline void report(const CHandlerReader& reader, Diagnostic diagnostic, const char* subject,
                    const char* file, int line) {
   if (!reader.state.reporting) return;
+  ++reader.state.reports;
   logDiagnostic(diagnostic, static_cast<std::uint32_t>(reader.buffer.fileIndex), subject, file,
                 line);
 }

@@ -9,6 +9,8 @@
 #include "model/rmm_allocator.h"
 #include "reader/cascade.h"
 #include "reader/class_names.h"
+#include "reader/paints.h"
+#include "reader/presentation_table.h"
 
 namespace egfsvg {
 
@@ -54,11 +56,36 @@ void eachDeclaration(Reader& reader, std::int32_t position, Take take) {
   for (; node != nullptr; node = node->next) take(node);
 }
 
+/// Whether a declaration sets a plain value of a shape, and that by the shape's own style alone.
+bool isPlain(const AttNode& node) {
+  switch (node.code) {
+    case kAttFontFamily:
+    case kAttCursor:
+    case kAttClipPath:
+    case kAttMask:
+    case kAttColorProfile:
+    case kAttMarkerStart:
+    case kAttMarkerMid:
+    case kAttMarkerEnd:
+    case kAttStrokeDasharray:
+    case kAttBaselineShift:
+      return false;
+    case kAttFill:
+    case kAttStroke:
+      return !isReference(node.value);
+    default:
+      return isPresentation(node.code) &&
+             (inheritWordOf(node.code) != InheritWord::kAsksTheParent ||
+              !equalsNoCase(node.value, "inherit"));
+  }
+}
+
 /// The element that rules are looked up for.
 struct Subject {
   Reader& reader;
   void* element;
   int type;
+  bool* plain = nullptr;  // when it is there, made false by a declaration that is not
 
   bool hasRules() const {
     return element != nullptr && reader.styles.count != 0 && takesRules(type);
@@ -71,8 +98,10 @@ struct Subject {
     const SelectorKey key(parts...);
     const std::int32_t position = rules().isthere(key.text(), key.length());
     if (position < 0) return;
-    eachDeclaration(reader, position,
-                    [&](AttNode* node) { reader.SetAttribute(element, type, node); });
+    eachDeclaration(reader, position, [&](AttNode* node) {
+      if (plain != nullptr) *plain = *plain && isPlain(*node);
+      reader.SetAttribute(element, type, node);
+    });
   }
 };
 
@@ -134,6 +163,50 @@ void applyClass(const Subject& subject, const char* tag, std::string_view name) 
   applyInContext(subject, {selector, static_cast<std::size_t>(end - selector)});
 }
 
+void applyClasses(const Subject& subject, const char* text) {
+  const char* tag = tagName(subject.type);
+  ClassNameWalk names(text);
+  for (std::string_view name = names.next(); !name.empty(); name = names.next()) {
+    applyClass(subject, tag, name);
+  }
+}
+
+/// The same for the style of a shape, in a table that has but the bare names of classes.
+class StyleOfClasses {
+ public:
+  StyleOfClasses(const Subject& subject, ShapeStyle& style)
+      : subject_(subject),
+        style_(style),
+        memo_(subject.forms().classMemo(subject.rules(), subject.reader.gradients)) {}
+
+  void apply(const char* text) {
+    ClassNameWalk names(text);
+    std::string_view name = names.next();
+    if (!memo_.replay(name, style_)) applyAnew(name, ClassMemo::Former::kGoes);
+    // The styles that later names find differ more: they do not push out what others use.
+    for (name = names.next(); !name.empty(); name = names.next()) {
+      if (!memo_.replay(name, style_)) applyAnew(name, ClassMemo::Former::kStays);
+    }
+  }
+
+ private:
+  void applyAnew(std::string_view name, ClassMemo::Former former) {
+    const ShapeStyle before = style_;
+    const std::int64_t reports = subject_.reader.state.reports;
+    bool plain = true;
+    subject_.plain = &plain;
+    subject_.apply('.', name);
+    const bool silent = subject_.reader.state.reports == reports;
+    if (plain && silent && before.ownsNothing() && style_.ownsNothing()) {
+      memo_.keep(name, before, style_, former);
+    }
+  }
+
+  Subject subject_;
+  ShapeStyle& style_;
+  ClassMemo& memo_;
+};
+
 }  // namespace
 
 void applyIdRules(CHandlerReader& reader, void* element, int type, std::string_view id) {
@@ -150,6 +223,7 @@ int CHandlerReader::SetStyleBasedOnTypeSelector(void* element, int type) {
   using namespace egfsvg;
   const char* tag = tagName(type);
   if (tag == nullptr) return -1;
+  if (styles.count == 0 || !state.rules.reachesTag(styles, type, tag)) return 0;
   const Subject subject{*this, element, type};
   if (!subject.hasRules()) return 0;
   subject.apply(std::string_view(tag));
@@ -166,10 +240,11 @@ int CHandlerReader::SetStyleBasedOnClassSelector(void* element, int type, const 
   using namespace egfsvg;
   const Subject subject{*this, element, type};
   if (text == nullptr || !subject.hasRules() || !state.rules.classes(styles)) return 0;
-  const char* tag = tagName(type);
-  ClassNameWalk names(text);
-  for (std::string_view name = names.next(); !name.empty(); name = names.next()) {
-    applyClass(subject, tag, name);
+  ShapeStyle* style = shapeStyleOf(element, type);
+  if (style != nullptr && state.rules.classesStandAlone(styles)) {
+    StyleOfClasses(subject, *style).apply(text);
+  } else {
+    applyClasses(subject, text);
   }
   return 0;
 }

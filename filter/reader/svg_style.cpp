@@ -15,8 +15,8 @@ namespace {
 
 constexpr std::int32_t kEmptyClassSlots = 5;  // what an attribute without a name still takes
 
-std::int32_t countNames(const char* text) {
-  ClassNameWalk names(text);
+/// Of what is left of a walk.
+std::int32_t countNames(ClassNameWalk names) {
   std::int32_t count = 0;
   while (!names.next().empty()) ++count;
   return count;
@@ -54,12 +54,15 @@ int CHandlerReader::SetClassNameAtt(_svg_common* head, _svg_attrib_pair* pair) {
   using namespace egfsvg;
   if (head == nullptr || pair == nullptr || pair->value == nullptr) return 0;
   if (head->classNames != nullptr) return 0;
-  const std::int32_t count = countNames(pair->value);
+  ClassNameWalk walk(pair->value);
+  const std::string_view first = walk.next();
+  // Most attributes hold one name.
+  const std::int32_t count = first.empty() ? 0 : 1 + countNames(walk);
   const auto slots = static_cast<std::size_t>(count == 0 ? kEmptyClassSlots : count);
   auto* names = static_cast<ClassName*>(RMM_CallocName(slots, sizeof(ClassName), RMM_SITE));
   if (names == nullptr) return 0;
-  ClassNameWalk walk(pair->value);
-  for (std::int32_t i = 0; i < count; ++i) {
+  std::memcpy(names[0], first.data(), first.size());
+  for (std::int32_t i = 1; i < count; ++i) {
     const std::string_view name = walk.next();
     std::memcpy(names[i], name.data(), name.size());
   }

@@ -380,5 +380,36 @@ TEST_F(MixedSheet, isAppliedKeyByKey) {
   }
 }
 
+// Elements of few classes, most of which bring the same style, while the sheet grows.
+TEST_F(MixedSheet, classesGiveTheSameToEveryElement) {
+  const Keys keys{".c", ".d", ".e", ".f", ".g"};
+  std::mt19937 random(20260823);
+  const auto pick = [&](std::size_t count) { return random() % count; };
+  CHandlerReader& reader = styled.reader;
+  for (int step = 0; step < 2000; ++step) {
+    if (step % 100 == 0) {
+      TextReader source(keys[pick(5)] + "{" + (step < 200 ? "fill:red" : "color:lime") + "}" +
+                        (step % 500 == 0 ? sheet(random, {keys[pick(5)]}) : ""));
+      ASSERT_EQ(reader.ParseCSSFile(&source->buffer), 0);
+    }
+    Rect fast;
+    Rect plain;
+    for (std::size_t i = pick(4); i > 2; --i) {
+      const auto& [name, value] = kDeclarations[pick(std::size(kDeclarations))];
+      reader.SetRectAttribute(fast.get(), GetAttType(name), Pair(value));
+      reader.SetRectAttribute(plain.get(), GetAttType(name), Pair(value));
+    }
+    std::string classes;
+    Keys looked;
+    for (std::size_t i = 1 + pick(3); i > 0; --i) {
+      looked.push_back(keys[pick(5)]);
+      classes += looked.back().substr(1) + " ";
+    }
+    reader.SetStyleBasedOnClassSelector(fast.get(), kTagRect, classes.c_str());
+    applyPlainly(plain.get(), looked);
+    ASSERT_EQ(describeRect(*fast.get()), describeRect(*plain.get())) << step << ": " << classes;
+  }
+}
+
 }  // namespace
 }  // namespace egfsvg::test
