@@ -1,8 +1,8 @@
 // Release of a whole record by its type code.
 #include <type_traits>
 
+#include "model/group_release.h"
 #include "model/lifecycle.h"
-#include "model/rmm_allocator.h"
 
 namespace egfsvg {
 
@@ -11,18 +11,18 @@ namespace {
 // What every shape starts with, whatever stands between its groups.
 template <class Shape>
 void destroyShape(Shape* shape) {
-  DestroyCommonElements(&shape->head);
-  DestroyStrokeElements(&shape->stroke);
-  DestroyFillElements(&shape->fill);
-  DestroyGraphicsElements(&shape->graphics);
-  DestroyTAElements(&shape->ta);
-  DestroyGraphicalEvents(&shape->events);
+  releaseGroup(shape->head);
+  releaseGroup(shape->stroke);
+  releaseGroup(shape->fill);
+  releaseGroup(shape->graphics);
+  releaseGroup(shape->ta);
+  releaseGroup(shape->events);
 }
 
 template <class Shape>
 void destroyMarkedShape(Shape* shape) {
   destroyShape(shape);
-  DestroyMarkersElements(&shape->markers);
+  releaseGroup(shape->markers);
 }
 
 /// Kept: points that stand with a count of 0 are not freed.
@@ -41,8 +41,8 @@ void destroyPath(_svg_path* path) {
 
 void destroyRun(_svg_text* run) {
   destroyShape(run);
-  DestroyFontSpecElements(&run->fontspec);
-  DestroyTextContentElements(&run->textcontentelems);
+  releaseGroup(run->fontspec);
+  releaseGroup(run->textcontentelems);
   DestroyTextElements(run);
 }
 
@@ -58,19 +58,19 @@ void destroyText(_svg_text* first) {
 }
 
 void destroyImage(_svg_image* image) {
-  DestroyCommonElements(&image->head);
-  DestroyGraphicsElements(&image->graphics);
-  DestroyTAElements(&image->ta);
-  DestroyGraphicalEvents(&image->events);
-  DestroyImagesElements(&image->images);
+  releaseGroup(image->head);
+  releaseGroup(image->graphics);
+  releaseGroup(image->ta);
+  releaseGroup(image->events);
+  releaseGroup(image->images);
   freeAll(image->link.value);
 }
 
 template <class Container>
 void destroyContainer(Container* container) {
-  DestroyCommonElements(&container->head);
-  DestroyPAElements(&container->pa);
-  DestroyTAElements(&container->ta);
+  releaseGroup(container->head);
+  releaseGroup(container->pa);
+  releaseGroup(container->ta);
 }
 
 void destroySvg(_svg_svg* svg) {
@@ -81,13 +81,13 @@ void destroySvg(_svg_svg* svg) {
 
 void destroyGroup(_svg_group* group) {
   destroyContainer(group);
-  DestroyGraphicalEvents(&group->events);
+  releaseGroup(group->events);
   freeAll(group->link.value);
 }
 
 void destroyLink(_svg_a* link) {
   destroyContainer(link);
-  DestroyGraphicalEvents(&link->events);
+  releaseGroup(link->events);
   freeAll(link->link.value);
   DestroyAElements(link);
 }

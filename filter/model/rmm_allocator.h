@@ -53,13 +53,27 @@ bool allNull(T* const&... block) {
   return (reinterpret_cast<std::uintptr_t>(block) | ...) == 0;
 }
 
-/// Frees each block that is there and sets each pointer to null.
+/// Frees a block that is there, without looking at what else there is.
+template <class T>
+void freeBlock(T*& block) {
+  if (block == nullptr) return;
+  RMM_Free(const_cast<std::remove_cv_t<T>*>(block));
+  block = nullptr;
+}
+
 template <class... T>
-void freeAll(T*&... block) {
-  if (allNull(block...)) return;  // most records own little of what they could
-  ((block != nullptr ? (RMM_Free(const_cast<std::remove_cv_t<T>*>(block)), block = nullptr)
-                     : nullptr),
-   ...);
+[[gnu::noinline]] void freeEach(T*&... block) {
+  (freeBlock(block), ...);
+}
+
+/// Frees each block that is there, in order, and sets each pointer to null.
+template <class... T>
+inline void freeAll(T*&... block) {
+  if constexpr (sizeof...(block) == 1) {
+    (freeBlock(block), ...);
+  } else if (!allNull(block...)) {
+    freeEach(block...);  // most records own little of what they could
+  }
 }
 
 /// An array of trivially copyable entries that grows geometrically and owns its block until it is

@@ -1,12 +1,14 @@
 // The tables of a read and their end.
+#include "model/group_release.h"
 #include "model/lifecycle.h"
-#include "model/rmm_allocator.h"
 #include "reader/release.h"
 #include "reader/svg_handlerreader.h"
 
 using egfsvg::freeAll;
 
 namespace {
+
+using egfsvg::releaseGroup;
 
 /// Releases each value in order, then keys and array.
 template <class Value>
@@ -21,9 +23,9 @@ void destroyTable(Map<Value>& table) {
 
 template <class Container>
 void destroyContainer(Container* container) {
-  DestroyCommonElements(&container->head);
-  DestroyPAElements(&container->pa);
-  DestroyTAElements(&container->ta);
+  releaseGroup(container->head);
+  releaseGroup(container->pa);
+  releaseGroup(container->ta);
 }
 
 }  // namespace
