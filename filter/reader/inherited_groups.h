@@ -25,16 +25,24 @@ inline void inheritOwnText(char*& to, const char* from) {
 /// Dashes without their axes; what could not be had is left out.
 void copyDashes(_svg_pa_stroke& to, const _svg_value* dashes, std::int32_t count);
 
-inline void inheritGroup(_svg_pa_fill& to, const _svg_pa_fill& from) {
+inline void inheritValues(_svg_pa_fill& to, const _svg_pa_fill& from) {
   copyFields<&_svg_pa_fill::fillColor, &_svg_pa_fill::fillOpacity>(to, from);
+}
+
+inline void inheritGroup(_svg_pa_fill& to, const _svg_pa_fill& from) {
+  inheritValues(to, from);
   if (from.fillGradient == nullptr) return;
   to.fillGradient = from.fillGradient;
   inheritText(to.fillUrl, from.fillUrl);
 }
 
-inline void inheritGroup(_svg_pa_stroke& to, const _svg_pa_stroke& from) {
+inline void inheritValues(_svg_pa_stroke& to, const _svg_pa_stroke& from) {
   copyFields<&_svg_pa_stroke::strokeColor, &_svg_pa_stroke::strokeMiterlimit>(to, from);
   copyFields<&_svg_pa_stroke::strokeDashOffset, &_svg_pa_stroke::strokeOpacity>(to, from);
+}
+
+inline void inheritGroup(_svg_pa_stroke& to, const _svg_pa_stroke& from) {
+  inheritValues(to, from);
   if (to.strokeDashArray != nullptr || from.strokeDashArray != nullptr) {
     copyDashes(to, from.strokeDashArray, from.strokeDashCount);
   } else {
@@ -46,10 +54,14 @@ inline void inheritGroup(_svg_pa_stroke& to, const _svg_pa_stroke& from) {
 }
 
 // Opacity goes down as a plain value; clip-path, display, filter and mask do not.
-inline void inheritGroup(_svg_pa_graphics& to, const _svg_pa_graphics& from) {
+inline void inheritValues(_svg_pa_graphics& to, const _svg_pa_graphics& from) {
   copyFields<&_svg_pa_graphics::clipRule, &_svg_pa_graphics::colorRendering>(to, from);
   copyFields<&_svg_pa_graphics::imageRendering, &_svg_pa_graphics::visibility>(to, from);
   copyFields<&_svg_pa_graphics::pointerEvents, &_svg_pa_graphics::textRendering>(to, from);
+}
+
+inline void inheritGroup(_svg_pa_graphics& to, const _svg_pa_graphics& from) {
+  inheritValues(to, from);
   inheritOwnText(to.cursor, from.cursor);
 }
 

@@ -23,14 +23,16 @@ struct ShapeStyle {
 inline constexpr std::size_t kShapeStyleAt = sizeof(_svg_common);
 
 template <class Shape>
-inline constexpr bool kHasShapeStyle =
-    offsetof(Shape, fill) == kShapeStyleAt + offsetof(ShapeStyle, fill) &&
-    offsetof(Shape, stroke) == kShapeStyleAt + offsetof(ShapeStyle, stroke) &&
-    offsetof(Shape, graphics) == kShapeStyleAt + offsetof(ShapeStyle, graphics);
-static_assert(kHasShapeStyle<_svg_path> && kHasShapeStyle<_svg_rect> &&
-              kHasShapeStyle<_svg_circle> && kHasShapeStyle<_svg_ellipse> &&
-              kHasShapeStyle<_svg_line> && kHasShapeStyle<_svg_polyline> &&
-              kHasShapeStyle<_svg_polygon>);
+constexpr bool hasShapeStyle() {
+  return offsetof(Shape, fill) == kShapeStyleAt + offsetof(ShapeStyle, fill) &&
+         offsetof(Shape, stroke) == kShapeStyleAt + offsetof(ShapeStyle, stroke) &&
+         offsetof(Shape, graphics) == kShapeStyleAt + offsetof(ShapeStyle, graphics);
+}
+
+static_assert(hasShapeStyle<_svg_path>() && hasShapeStyle<_svg_rect>() &&
+              hasShapeStyle<_svg_circle>() && hasShapeStyle<_svg_ellipse>() &&
+              hasShapeStyle<_svg_line>() && hasShapeStyle<_svg_polyline>() &&
+              hasShapeStyle<_svg_polygon>());
 static_assert(kTagPolygon - kTagPath == 6, "the shapes' codes stand side by side");
 
 /// The style in a shape's record; null for a record of another type.

@@ -4,6 +4,7 @@
 #include "model/lifecycle.h"
 #include "reader/attribute_rows.h"
 #include "reader/reports.h"
+#include "reader/shape_inheritance.h"
 #include "reader/svg_handlerreader.h"
 
 using namespace egfsvg;  // NOLINT: tag codes all over
@@ -21,7 +22,10 @@ int parseLeaf(CHandlerReader& reader, const ElementRow& row, _svg_common* record
               _svg_common* parent, int tag) {
   record->parent = parent;
   record->type = tag;
-  reader.InheritStyleAndTransform(record, tag);
+  ShapeStyle* style = shapeStyleOf(record, tag);
+  if (style == nullptr || !inheritShape(reader, *record, *style)) {
+    reader.InheritStyleAndTransform(record, tag);
+  }
   if (reader.styles.count != 0) reader.SetStyleBasedOnTypeSelector(record, tag);
   return readOwnAttributes(reader, row, record, tag);
 }
