@@ -1,5 +1,5 @@
 # Flags that every target of the project shares. Floating point must be exact and repeatable:
-# no contraction, no fast-math, no machine-specific code. Records are built with designated
+# no contraction, no fast-math, no machine-specific options. Records are built with designated
 # initialisers that leave the fields they do not name at zero.
 option(EGFSVG_WERROR "Treat warnings as errors" OFF)
 
