@@ -47,6 +47,7 @@ struct CageState {
   std::uint32_t committed = 0;  // pages below are readable and writable
   std::uint32_t runsEnd = 1;    // pages from here on have never been used
   std::uint32_t dirtyPages = 0;
+  std::uint32_t purgeAbove = kPagesKept + kPagesOver;  // dirty pages
   bool reserved = false;
 };
 
@@ -151,6 +152,9 @@ std::uint32_t giveBack(std::uint32_t run, std::uint32_t spared) {
   return pages - (last - first);
 }
 
+// What short runs keep cannot be given back, so it does not bring the next purge nearer.
+std::uint32_t nextPurge() { return std::max(kPagesKept, state.dirtyPages) + kPagesOver; }
+
 // Gives the memory behind free runs back but for what is kept; their addresses stay ours.
 void purge() {
   state.dirtyPages = 0;
@@ -160,6 +164,7 @@ void purge() {
       state.dirtyPages += giveBack(run, kPagesKept - std::min(kPagesKept, state.dirtyPages));
     }
   }
+  state.purgeAbove = nextPurge();
 }
 
 // Puts free pages that are in no list together with the free runs beside them.
@@ -203,6 +208,7 @@ std::uint32_t cutOut(std::uint32_t from, RunShape shape) {
   unlinkFree(from);
   pageRuns[from] = PageRun{};
   if (run.dirty) state.dirtyPages -= std::min(state.dirtyPages, shape.pages);
+  state.purgeAbove = std::min(state.purgeAbove, nextPurge());
   const std::uint32_t first = shape.firstFrom(from);
   const std::uint32_t end = first + shape.pages;
   if (first > from) linkFree(from, first - from, run.dirty);
@@ -245,7 +251,7 @@ void releaseRun(std::uint32_t first) {
   pageRuns[first] = PageRun{};
   state.dirtyPages += pages;
   mergeFree(first, pages, true);
-  if (state.dirtyPages > kPagesKept + kPagesOver) purge();
+  if (state.dirtyPages > state.purgeAbove) purge();
 }
 
 bool extendRun(std::uint32_t first, std::uint32_t pages) {

@@ -21,7 +21,7 @@ HostHandle StyleNumbers::tableOf(HostHandle document, StyleClass styleClass,
   if (!pageOpen_ || !last.lookedUp) {
     last.table = ISL_GetProperty(OBJ_GetRootTrace(document, RMM_SITE),
                                  static_cast<std::uint32_t>(styleClass));
-    last.lookedUp = true;
+    last.lookedUp = last.table != 0;
   }
   return last.table;
 }

@@ -109,6 +109,7 @@ _svg_gradient* CHandlerReader::ParseGradientTagData(_svg_common* parent, _svg_gr
   }
   // Entered once it is complete, so that the table never holds a record that is given up.
   if (gradient->head.id != nullptr) enterGradient(gradients, gradient);
+  // Changes its transform list in place, so it goes before any stop takes the list over.
   if (gradient->gradientUnits == kGradientBoundingBox) SetBoundingBoxUnits(gradient);
   if (out != nullptr) *out = gradient;
   return gradient;

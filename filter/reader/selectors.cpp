@@ -181,11 +181,11 @@ class StyleOfClasses {
 
   void apply(const char* text) {
     ClassNameWalk names(text);
-    std::string_view name = names.next();
-    if (!memo_.replay(name, style_)) applyAnew(name, ClassMemo::Former::kGoes);
     // The styles that later names find differ more: they do not push out what others use.
-    for (name = names.next(); !name.empty(); name = names.next()) {
-      if (!memo_.replay(name, style_)) applyAnew(name, ClassMemo::Former::kStays);
+    ClassMemo::Former former = ClassMemo::Former::kGoes;
+    for (std::string_view name = names.next(); !name.empty(); name = names.next()) {
+      if (!memo_.replay(name, style_)) applyAnew(name, former);
+      former = ClassMemo::Former::kStays;
     }
   }
 

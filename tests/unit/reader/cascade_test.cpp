@@ -46,6 +46,8 @@ TEST(Cascade, theLastWriterWins) {
                             {"rect{fill : red ;}", "<rect />", kRed},
                             {".b{fill:red}", "<rect class=\"a\" class=\"b\"/>", kRed},
                             {"*.x{fill:red}", "<rect class=\"x\"/>", kRed},
+                            {".{fill:red}", "<rect class=\"a\" class=\"\"/>", kUnset},
+                            {".{fill:red}", "<rect class=\"a\" style=\"class:\"/>", kUnset},
                             {"rect#a{fill:red}#a{fill:blue}", "<rect id=\"a\"/>", kRed},
                             {"rect.a{fill:red}.a{fill:blue}", "<rect class=\"a\"/>", kRed},
                             {"[transform]{fill:red}", "<rect transform=\"scale(1)\"/>", kUnset}};
