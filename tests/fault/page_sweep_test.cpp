@@ -14,6 +14,7 @@ namespace egfsvg::test {
 namespace {
 
 constexpr const char* kDrawings[] = {
+    "<rect width='1' height='1'/><svg ></svg>",
     "<svg viewBox='0 0 10 10' width='20' height='10'><rect width='1' height='1'/></svg>",
     "<svg ><g ><g ><rect width='5' height='5' rx='1' fill='red' opacity='.5'/></g></g></svg>",
     "<svg ><rect width='5' height='5' rx='1' transform='rotate(30)' stroke='blue'/></svg>",
@@ -113,13 +114,14 @@ TEST_P(PageSweep, EachAllocationFailsForEver) {
   sweep(GetParam(), "RMM", egfhost::FaultKind::kFail, egfhost::FaultSpan::kForEver);
 }
 
-constexpr const char* kPageCalls[] = {
-    "EEL_AllocObject",      "EEL_PutObject",        "EEL_AppendObject",
-    "EEL_GetObjectMer",     "EEL_GetNextObject",    "EEL_XlatEllipseToPolygon",
-    "EGF_CreateDashRecord", "EGF_AppendDashRecord", "STYLE_AppendUnique",
-    "SEL_CLOR_Alloc",       "SEL_CLOR_AddColour",   "ISL_GetProperty",
-    "ISL_GetViewProperty",  "OBJ_GetRootTrace",     "MPL_GetResXFactor",
-    "MSG_LogMsg_Named"};
+constexpr const char* kPageCalls[] = {"EEL_AllocObject",          "EEL_PutObject",
+                                      "EEL_AppendObject",         "EEL_GetObjectMer",
+                                      "EEL_XlatEllipseToPolygon", "EGF_CreateDashRecord",
+                                      "EGF_AppendDashRecord",     "STYLE_AppendUnique",
+                                      "SEL_CLOR_Alloc",           "SEL_CLOR_AddColour",
+                                      "ISL_GetProperty",          "ISL_GetViewProperty",
+                                      "OBJ_GetRootTrace",         "MPL_GetResXFactor",
+                                      "MSG_LogMsg_Named"};
 
 TEST_P(PageSweep, EachHostCallFails) {
   for (const char* call : kPageCalls) {
@@ -131,6 +133,21 @@ TEST_P(PageSweep, EachHostCallFails) {
 TEST_P(PageSweep, EachHostCallThrows) {
   for (const char* call : kPageCalls) {
     sweep(GetParam(), call, egfhost::FaultKind::kThrow, egfhost::FaultSpan::kOnce);
+  }
+}
+
+// A sweep over a call that no drawing makes would prove nothing.
+TEST(PageSweepCalls, EachIsMadeBySomeDrawing) {
+  for (const char* call : kPageCalls) {
+    bool made = false;
+    for (const char* drawing : kDrawings) {
+      PageRead read(drawing);
+      ASSERT_TRUE(egfhost::armFault(call, 1, egfhost::FaultKind::kFail, egfhost::FaultSpan::kOnce));
+      read.run();
+      made = made || egfhost::faultsStruck() != 0;
+      egfhost::clearFaults();
+    }
+    EXPECT_TRUE(made) << call;
   }
 }
 
