@@ -44,11 +44,14 @@ struct _svg_viewbox {
 inline constexpr std::int32_t kAttribNameSize = 256;
 inline constexpr std::int32_t kAttribValueSize = 4097;  // what callers start a value block at
 
+inline constexpr std::int32_t kLengthNotTold = -1;
+
 /// One attribute as the scanner hands it out; `value` may be replaced by a larger block.
 struct _svg_attrib_pair {
   char name[kAttribNameSize];
-  std::int32_t valueSize;  // capacity of value
+  std::int32_t valueSize;  // capacity of value; so many bytes may be read at least
   char* value;
+  std::int32_t valueLength = kLengthNotTold;  // ours: of value, where its maker knew it
 };
 
 /// A holder of xlink:href, xml:lang or href. `reference` and `returnIndex` serve a `use` while its

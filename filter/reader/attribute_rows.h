@@ -58,7 +58,8 @@ class ElementRow {
  private:
   void run(CHandlerReader& reader, void* record, std::int32_t code, std::uint8_t slot,
            _svg_attrib_pair* pair) const;
-  bool applyOther(CHandlerReader& reader, void* record, _svg_attrib_pair* pair, int& code) const;
+  void applyUsual(CHandlerReader& reader, void* record) const;
+  [[gnu::noinline]] bool applyOther(CHandlerReader& reader, void* record, int& code) const;
 
   static constexpr std::uint8_t kPresentationSlot = 255;
   static constexpr std::size_t kMostActions = 24;

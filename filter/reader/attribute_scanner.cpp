@@ -78,6 +78,7 @@ class ValueWriter {
     pair_.value[length_] = '\0';
     return true;
   }
+  std::int32_t length() const { return static_cast<std::int32_t>(length_); }
 
  private:
   static constexpr std::size_t kMost = 0x7ffffff0;
@@ -220,6 +221,7 @@ int egfsvg::scanAnyPlain(const char* at, const char* end, PlainAttribute& found)
 }
 
 int CHandlerReader::GetNextAttribPair(_svg_attrib_pair* pair) {
+  pair->valueLength = kLengthNotTold;  // a zero byte may stand in the value
   int code = pair->valueSize < kAttribValueSize ? egfsvg::kAttOdd : takePlain(buffer, *pair);
   if (code == egfsvg::kAttOdd) code = readOddPair(buffer, *pair);
   if (code == egfsvg::kAttNoMore || code == egfsvg::kAttSyntaxError) return code;
@@ -239,6 +241,7 @@ int CHandlerReader::GetNextAttribPair(char** text, _svg_attrib_pair* pair) {
   name.finish(':');
   ValueWriter value(*pair);
   const bool stored = !separated || readStyleValue(at, value);
+  pair->valueLength = value.length();
   *text += at - *text;
   if (!stored) state.outOfMemory = true;
   if (!separated || !stored) return egfsvg::kAttSyntaxError;

@@ -55,6 +55,16 @@ class cBuffer {
   /// The unread bytes of the block, and where they end. Null, both, when nothing is loaded.
   const char* unread() const { return block == nullptr ? nullptr : block + blockPos; }
   const char* unreadEnd() const { return block == nullptr ? nullptr : block + blockLen; }
+  /// The same bytes, to be changed for a while: a reader puts back what stood there.
+  char* unreadText() { return block == nullptr ? nullptr : block + blockPos; }
+  /// Takes the end of a tag, ">" or "/>", if it comes next in the block.
+  bool takeTagEnd() {
+    if (block == nullptr) return false;
+    const char* const at = block + blockPos;
+    const int length = at[0] == '>' ? 1 : at[0] == '/' && at[1] == '>' ? 2 : 0;
+    take(length);
+    return length != 0;
+  }
   /// The bytes from one file index to another, when the block holds them all; null otherwise.
   const char* keptBytes(std::int32_t first, std::int32_t last) const {
     const std::int32_t blockStart = fileIndex - blockPos;

@@ -17,6 +17,7 @@ class TextPair {
     std::memcpy(pair_.name, name, length + 1);
     pair_.valueSize = kSize;
     pair_.value = text_;
+    pair_.valueLength = 0;
     text_[0] = '\0';
   }
   TextPair(const TextPair&) = delete;
@@ -24,6 +25,7 @@ class TextPair {
 
   void clear() {
     length_ = 0;
+    pair_.valueLength = 0;
     text_[0] = '\0';
   }
 
@@ -32,6 +34,7 @@ class TextPair {
     if (length >= kSize - length_) return *this;
     std::memcpy(text_ + length_, text, length);
     length_ += length;
+    pair_.valueLength = static_cast<std::int32_t>(length_);
     text_[length_] = '\0';
     return *this;
   }

@@ -23,9 +23,9 @@ struct PlainAttribute {
   const char* next;  // behind the closing quote, or behind the ">" of the tag
 };
 
-/// The most usual form by itself: behind a blank or nothing a short known name, then double quotes.
-/// False for others.
-inline bool scanUsual(const char* at, const char* end, PlainAttribute& found, int& code) {
+/// The most usual form by itself: behind a blank or nothing a short known name, then double quotes
+/// around a value without a zero byte. False for others. A zero byte ends the block.
+inline bool scanUsual(const char* at, PlainAttribute& found, int& code) {
   if (*at == ' ') {
     ++at;
   } else if (*at < 'A') {
@@ -36,21 +36,18 @@ inline bool scanUsual(const char* at, const char* end, PlainAttribute& found, in
   if (separators == 0) return false;
   const std::size_t length = firstOf(separators);
   if (!kShortAttributes.find(block, length, code)) return false;
-  // No zero byte stands before the "=" or in its place: the end of the block lies behind it.
+  // A name may be followed by zero bytes, of which one is the end of the block.
+  if (at[length - 1] == '\0' || at[length + 1] != '"' || at[length + 2] == ' ') return false;
   const char* const value = at + length + 2;
-  if (value[-1] != '"' || value[0] == ' ') return false;
   const char* close = value;
-  for (;;) {
-    const ByteMask quotes = ByteBlock::load(close).equal('"');
-    if (quotes != 0) [[likely]] {
-      close += firstOf(quotes);
-      break;
-    }
+  ByteMask ends = ByteBlock::load(close).either('"', '\0');
+  while (ends == 0) {
     close += kByteBlockSize;
-    if (close >= end) return false;
+    ends = ByteBlock::load(close).either('"', '\0');
   }
+  close += firstOf(ends);
   found = {at, length, value, static_cast<std::size_t>(close - value), close + 1};
-  return close < end;
+  return *close != '\0';
 }
 
 /// Behind the end of the tag that may follow here, or null.
@@ -70,7 +67,7 @@ inline int scanPlain(const char* at, const char* end, PlainAttribute& found) {
     return kAttNoMore;
   }
   int code = kAttOdd;
-  if (scanUsual(at, end, found, code)) [[likely]]
+  if (scanUsual(at, found, code)) [[likely]]
     return code;
   PlainAttribute other;  // so that the usual one need not stand in memory
   code = scanAnyPlain(at, end, other);
@@ -98,6 +95,43 @@ void copyPlain(char* to, const char* from, std::size_t length) {
   }
   to[length] = '\0';
 }
+
+/// A pair whose name is copied and whose value stays where it stands, in a block. While an action
+/// runs, a zero byte stands in place of the closing quote. Names have up to sixteen bytes.
+class PairInPlace {
+ public:
+  PairInPlace() {
+    pair_.name[kByteBlockSize] = '\0';
+    pair_.valueSize = cBuffer::kSlack;
+  }
+  PairInPlace(const PairInPlace&) = delete;
+  PairInPlace& operator=(const PairInPlace&) = delete;
+
+  /// Runs `action(pair)`. `value` is that of the attribute, in the block.
+  template <class Action>
+  void with(const PlainAttribute& found, char* value, Action action) {
+    ByteBlock::load(found.name).first(found.nameLength).store(pair_.name);
+    pair_.value = value;
+    pair_.valueLength = static_cast<std::int32_t>(found.valueLength);
+    const Terminator terminator(value + found.valueLength);
+    action(&pair_);
+  }
+
+ private:
+  /// Puts the quote back, also when the host throws.
+  class Terminator {
+   public:
+    explicit Terminator(char* quote) : quote_(quote) { *quote_ = '\0'; }
+    ~Terminator() { *quote_ = '"'; }
+    Terminator(const Terminator&) = delete;
+    Terminator& operator=(const Terminator&) = delete;
+
+   private:
+    char* quote_;
+  };
+
+  _svg_attrib_pair pair_;
+};
 
 /// Fills the pair, in which what stands in a block has room.
 inline void fillPair(const PlainAttribute& found, _svg_attrib_pair& pair) {

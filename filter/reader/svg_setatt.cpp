@@ -24,40 +24,40 @@ void ElementRow::apply(CHandlerReader& reader, void* record, std::int32_t code,
 
 /// One attribute that is not of the most usual form. False at the end of the tag and at a syntax
 /// error, which `code` is.
-bool ElementRow::applyOther(CHandlerReader& reader, void* record, _svg_attrib_pair* pair,
-                            int& code) const {
-  code = reader.GetNextAttribPair(pair);
+bool ElementRow::applyOther(CHandlerReader& reader, void* record, int& code) const {
+  ScratchPair scratch(reader.state);
+  code = scratch.hasValue() ? reader.GetNextAttribPair(&scratch.pair) : int{kAttSyntaxError};
   if (code == kAttNoMore || code == kAttSyntaxError) return false;
-  if (code == kAttUnknown) reportUnknownName(reader, pair->name);
-  apply(reader, record, code, pair);
+  if (code == kAttUnknown) reportUnknownName(reader, scratch.pair.name);
+  apply(reader, record, code, &scratch.pair);
   return true;
 }
 
-/// Setters leave the source alone, so that the walk goes on where it is.
-int ElementRow::applyAll(CHandlerReader& reader, void* record) const {
-  ScratchPair scratch(reader.state);
-  if (!scratch.hasValue()) return kAttSyntaxError;
+/// Applies attributes of the most usual form, as many as follow each other in the block. Actions
+/// leave the source alone, so that the walk goes on where it is.
+void ElementRow::applyUsual(CHandlerReader& reader, void* record) const {
   cBuffer& source = reader.buffer;
+  char* at = source.unreadText();
+  if (at == nullptr) return;
+  PairInPlace pair;
   PlainAttribute found;
+  for (int code; scanUsual(at, found, code);) {
+    char* const value = at + (found.value - at);
+    const std::ptrdiff_t taken = found.next - at;
+    source.take(taken);
+    at += taken;
+    reader.stepGauge();
+    const std::uint8_t slot = slots_[static_cast<std::size_t>(code)];
+    if (slot == 0) continue;
+    pair.with(found, value, [&](_svg_attrib_pair* one) { run(reader, record, code, slot, one); });
+  }
+}
+
+int ElementRow::applyAll(CHandlerReader& reader, void* record) const {
   for (int code;;) {
-    const char* at = source.unread();
-    const char* const end = source.unreadEnd();
-    while (at != nullptr && scanUsual(at, end, found, code)) {
-      source.take(found.next - at);
-      at = found.next;
-      reader.stepGauge();
-      const std::uint8_t slot = slots_[static_cast<std::size_t>(code)];
-      if (slot == 0) continue;
-      fillPair(found, scratch.pair);
-      run(reader, record, code, slot, &scratch.pair);
-    }
-    if (at != nullptr && at != end) {
-      if (const char* const behind = behindTagEnd(at)) {
-        source.take(behind - at);
-        return kAttNoMore;
-      }
-    }
-    if (!applyOther(reader, record, &scratch.pair, code)) return code;
+    applyUsual(reader, record);
+    if (reader.buffer.takeTagEnd()) return kAttNoMore;
+    if (!applyOther(reader, record, code)) return code;
   }
 }
 
