@@ -5,6 +5,7 @@
 #include "adapter_reader/owners.h"
 #include "adapter_reader/path_walk.h"
 #include "adapter_reader/point_arrays.h"
+#include "adapter_reader/point_map.h"
 #include "adapter_reader/shape_paint.h"
 #include "adapter_reader/svg_adapterreader.h"
 #include "host/egf_bits.h"

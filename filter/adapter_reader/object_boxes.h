@@ -4,14 +4,14 @@
 #include <cstdint>
 #include <cstring>
 
+#include "geometry/point_box.h"
 #include "host/egf_objects.h"
 
 namespace egfsvg {
 
-/// The rectangle of an object whose record tells it: a group's and a path's own, the one that the
-/// host has just computed for a polygon, box or polyline, the ends of a
-/// line, the radii of an ellipse. False when the host
-/// has to be asked, also whether there is a rectangle at all.
+/// The rectangle of an object whose record tells it: a group's and a path's own, the one that was
+/// just computed for a polygon, box or polyline, the ends of a line, the radii of an ellipse. False
+/// when the host has to be asked, also whether there is a rectangle at all.
 bool boxAtHand(const _egf_obj* object, _mpl_spacerect_tag* box);
 
 /// Whether the rectangle is all zeros, of either sign, which stands for none.
@@ -33,5 +33,9 @@ inline void growBox(_mpl_spacerect_tag* box, const _mpl_spacerect_tag& by) {
   *box = {by.left < old.left ? by.left : old.left, by.right > old.right ? by.right : old.right,
           by.top < old.top ? by.top : old.top, by.bottom > old.bottom ? by.bottom : old.bottom};
 }
+
+/// Stores the rectangle of a polygon or box. The host computes it when the box of all points is not
+/// at hand, which null says, or not finite.
+void setBounds(_egf_obj* polygon, const PointBox* box, HostHandle map);
 
 }  // namespace egfsvg

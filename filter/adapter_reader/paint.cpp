@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "adapter_reader/palette_colour.h"
 #include "adapter_reader/svg_adapterreader.h"
 #include "model/numbers.h"
 
@@ -10,20 +11,11 @@ namespace {
 
 constexpr double kFullAlpha = 255.0;
 
-/// The word of the colour that `castColor` gives.
-std::uint32_t wordOf(const _svg_color& colour) {
-  const auto channel = [](std::int32_t value) { return static_cast<std::uint32_t>(value) & 0xFFU; };
-  return channel(colour.colorExtra) << 24 | channel(colour.red) << 16 | channel(colour.green) << 8 |
-         channel(colour.blue);
-}
-
-_sel_RGB_type paletteColour(CAdapterReader& adapter, const _svg_color& colour) {
-  const std::uint32_t word = wordOf(colour);
-  if (!adapter.state.colours.has(word)) adapter.UpdatePalette(colourOf(word));
-  return colourOf(word);
-}
-
 }  // namespace
+
+void offerColour(CAdapterReader& adapter, std::uint32_t word) {
+  adapter.UpdatePalette(colourOf(word));
+}
 
 Alphas alphasOf(const _svg_pa_fill& fill, const _svg_pa_stroke& stroke,
                 const _svg_pa_graphics& graphics) {

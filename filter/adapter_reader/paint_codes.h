@@ -20,6 +20,9 @@ constexpr int fillCode(double opacity) {
   return isPartial(opacity) ? kFillPartial : kFillDefault;
 }
 
+/// What `castJoinStyle` gives.
+int joinCode(int strokeLinejoin);
+
 /// The codes of paints that have a gradient.
 int gradientRasterCode(_svg_pa_stroke& stroke);
 int gradientFillCode(_svg_pa_fill& fill, double opacity);

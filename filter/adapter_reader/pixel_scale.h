@@ -19,6 +19,8 @@ class PixelScale {
   }
 
   double resolution() const { return resolution_; }
+  /// Pixels in one SVG pixel.
+  double perSvgPixel() const { return perUnit_; }
 
   double pixels(const _svg_value& value) const {
     if (value.unit == kUnitPixel) [[likely]]

@@ -17,6 +17,23 @@ _mpl_spacerect_tag boxOf(const _mpl_spacept_tag* points, std::int32_t count) {
   return box;
 }
 
+/// Places points that the identity maps. False when a unit is not SVG's pixel, or a number not
+/// finite: then nothing is settled.
+bool placeInPixels(double perSvgPixel, const _svg_point* points, std::int32_t count,
+                   _mpl_spacept_tag* to, PointBox& box) {
+  PointBox gathered;
+  for (std::int32_t i = 0; i < count; ++i) {
+    const _svg_value& x = points[i].x;
+    const _svg_value& y = points[i].y;
+    if (x.unit != kUnitPixel || y.unit != kUnitPixel) return false;
+    to[i] = unsignedZeros(
+        stored({perSvgPixel * x.value * kSpaceUnits, perSvgPixel * y.value * kSpaceUnits}));
+    gathered.include(&to[i]);
+  }
+  box = gathered;
+  return box.isFinite();
+}
+
 }  // namespace
 
 _egf_obj* allocateObject(int objClass, const char* file, int line) {
@@ -30,14 +47,11 @@ void setPolygonTemplate(EgfPolygon* polygon) {
   polygon->trailingWord = kPolygonTrailingWord;
 }
 
-void rectCorners(const PixelScale& scale, const ValueBox& box,
-                 _mpl_spacept_tag (&corners)[kRectCorners]) {
-  const double x = scale.pixels(box.x);
-  const double y = scale.pixels(box.y);
-  const auto left = static_cast<float>(x * kSpaceUnits);
-  const auto top = static_cast<float>(y * kSpaceUnits);
-  const auto right = static_cast<float>((x + scale.pixels(box.width)) * kSpaceUnits);
-  const auto bottom = static_cast<float>((y + scale.pixels(box.height)) * kSpaceUnits);
+void rectCorners(const PixelBox& box, _mpl_spacept_tag (&corners)[kRectCorners]) {
+  const auto left = static_cast<float>(box.x * kSpaceUnits);
+  const auto top = static_cast<float>(box.y * kSpaceUnits);
+  const auto right = static_cast<float>((box.x + box.width) * kSpaceUnits);
+  const auto bottom = static_cast<float>((box.y + box.height) * kSpaceUnits);
   corners[0] = {left, top};
   corners[1] = {left, bottom};
   corners[2] = {right, bottom};
@@ -61,25 +75,24 @@ bool setPoints(EgfPolygon* polygon, const _mpl_spacept_tag* points, std::int32_t
   return true;
 }
 
-_mpl_spacept_tag* placedPoints(CAdapterReader& adapter, const _svg_point* points,
-                               std::int32_t count, const _viewPortMap* map,
-                               _mpl_spacerect_tag* box) {
-  auto* placed = allocateArray<_mpl_spacept_tag>(static_cast<std::size_t>(count), RMM_SITE);
-  if (placed == nullptr) {
+PlacedPoints placedPoints(CAdapterReader& adapter, const _svg_point* points, std::int32_t count,
+                          const _viewPortMap* map, _mpl_spacerect_tag* before) {
+  PlacedPoints placed;
+  placed.points.reset(allocateArray<_mpl_spacept_tag>(static_cast<std::size_t>(count), RMM_SITE));
+  _mpl_spacept_tag* to = placed.points.get();
+  if (to == nullptr) {
     logOutOfMemory(RMM_SITE);
-    return nullptr;
+    return placed;
   }
   const PixelScale scale(adapter);
-  for (std::int32_t i = 0; i < count; ++i) placed[i] = scale.point(points[i].x, points[i].y);
-  if (box != nullptr) *box = boxOf(placed, count);
-  mapPoints(placed, count, map);
+  if (before == nullptr && map != nullptr && isIdentity(*map) &&
+      placeInPixels(scale.perSvgPixel(), points, count, to, placed.box)) [[likely]] {
+    return placed;
+  }
+  for (std::int32_t i = 0; i < count; ++i) to[i] = scale.point(points[i].x, points[i].y);
+  if (before != nullptr) *before = boxOf(to, count);
+  placed.box = mapPoints(to, count, map);
   return placed;
-}
-
-void mapPoints(_mpl_spacept_tag* points, std::int32_t count, const _viewPortMap* map) {
-  if (map == nullptr) return;
-  const PointMap mapped(map->matrix);
-  for (std::int32_t i = 0; i < count; ++i) points[i] = mapped(points[i]);
 }
 
 _mpl_spacerect_tag inPixels(const _mpl_spacerect_tag& box, double margin) {

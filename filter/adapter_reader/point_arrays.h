@@ -4,16 +4,16 @@
 #include <cstdint>
 
 #include "adapter_reader/mapping.h"
+#include "geometry/point_box.h"
 #include "host/egf_objects.h"
 #include "host/memory.h"
 #include "host/objects.h"
+#include "model/owners.h"
 #include "model/values.h"
 
 class CAdapterReader;
 
 namespace egfsvg {
-
-class PixelScale;  // pixel_scale.h
 
 inline constexpr int kRectCorners = 4;
 
@@ -26,17 +26,13 @@ _egf_obj* allocateObject(int objClass, const char* file, int line);
 /// The pen block of a polygon or box as every formatter starts it.
 void setPolygonTemplate(EgfPolygon* polygon);
 
-/// A rectangle as an element's values tell it.
-struct ValueBox {
-  const _svg_value& x;
-  const _svg_value& y;
-  const _svg_value& width;
-  const _svg_value& height;
+/// A rectangle as an element tells it, in pixels.
+struct PixelBox {
+  double x, y, width, height;
 };
 
 /// Corners in the order of a box: top left, bottom left, bottom right, top right. Space units.
-void rectCorners(const PixelScale& scale, const ValueBox& box,
-                 _mpl_spacept_tag (&corners)[kRectCorners]);
+void rectCorners(const PixelBox& box, _mpl_spacept_tag (&corners)[kRectCorners]);
 
 /// A copy of the points; null when memory ran out.
 _mpl_spacept_tag* copiedPoints(const _mpl_spacept_tag* points, std::size_t count);
@@ -44,15 +40,16 @@ _mpl_spacept_tag* copiedPoints(const _mpl_spacept_tag* points, std::size_t count
 /// Gives the polygon a copy of the points. False, with the fault logged, when memory ran out.
 bool setPoints(EgfPolygon* polygon, const _mpl_spacept_tag* points, std::int32_t count);
 
-/// An array of an element's points in space units of the page; without a map they stay where they
-/// are. `box`, when it is not null, is set to their box before the map. Null, with the fault
-/// logged, when memory ran out. There is at least one point.
-_mpl_spacept_tag* placedPoints(CAdapterReader& adapter, const _svg_point* points,
-                               std::int32_t count, const _viewPortMap* map,
-                               _mpl_spacerect_tag* box);
+/// An element's points where they stand on the page, and their box there.
+struct PlacedPoints {
+  RmmOwner<_mpl_spacept_tag> points;  // null: out of memory, which is logged
+  PointBox box;
+};
 
-/// Maps the points in place; without a map they stay.
-void mapPoints(_mpl_spacept_tag* points, std::int32_t count, const _viewPortMap* map);
+/// The points of an element in space units; without a map they stay where they are. `before`, when
+/// it is not null, is set to their box before the map. There is at least one point.
+PlacedPoints placedPoints(CAdapterReader& adapter, const _svg_point* points, std::int32_t count,
+                          const _viewPortMap* map, _mpl_spacerect_tag* before);
 
 /// Makes the box hold the point too; numbers that are none change nothing.
 inline void includePoint(_mpl_spacerect_tag& box, _mpl_spacept_tag point) {

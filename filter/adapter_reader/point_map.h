@@ -2,9 +2,19 @@
 #pragma once
 
 #include "adapter_reader/mapping.h"
+#include "geometry/point_box.h"
 #include "host/egf_small.h"
 
 namespace egfsvg {
+
+/// Whether a map, just found for an element, leaves finite points where they are. Only a zero loses
+/// its sign, which adding a zero does too.
+inline bool isIdentity(const _viewPortMap& map) {
+  return map.viewport == nullptr && map.userSpace->transformCount <= 0;
+}
+inline _mpl_spacept_tag unsignedZeros(_mpl_spacept_tag point) {
+  return {point.x + 0.0F, point.y + 0.0F};
+}
 
 /// Takes points in space units of user space to space units of the page.
 class PointMap {
@@ -26,5 +36,24 @@ class PointMap {
   double alongY_[2];
   double shift_[2];  // space units
 };
+
+/// Maps the points in place and gives their box; without a map they stay.
+inline PointBox mapPoints(_mpl_spacept_tag* points, std::int32_t count, const _viewPortMap* map) {
+  PointBox box;
+  if (map == nullptr || isIdentity(*map)) {
+    for (std::int32_t i = 0; i < count; ++i) {
+      if (map != nullptr) points[i] = unsignedZeros(points[i]);
+      box.include(&points[i]);
+    }
+    if (map == nullptr || box.isFinite()) return box;
+    box = {};
+  }
+  const PointMap mapped(map->matrix);
+  for (std::int32_t i = 0; i < count; ++i) {
+    points[i] = mapped(points[i]);
+    box.include(&points[i]);
+  }
+  return box;
+}
 
 }  // namespace egfsvg

@@ -2,10 +2,13 @@
 // polygon.
 
 #include <cmath>
+#include <utility>
 
 #include "adapter_reader/owners.h"
 #include "adapter_reader/pixel_scale.h"
+#include "adapter_reader/plain_paint.h"
 #include "adapter_reader/point_arrays.h"
+#include "adapter_reader/point_map.h"
 #include "adapter_reader/shape_paint.h"
 #include "adapter_reader/shapes.h"
 #include "adapter_reader/svg_adapterreader.h"
@@ -24,7 +27,8 @@ struct RoundShape {
   _svg_pa_fill& fill;
   _svg_pa_stroke& stroke;
   _svg_pa_graphics& graphics;
-  _svg_point center;
+  const _svg_value& cx;
+  const _svg_value& cy;
   const _svg_value& rx;
   const _svg_value& ry;
 };
@@ -42,17 +46,21 @@ _mpl_spacerect_tag roundBounds(const EgfEllipse& ellipse, double margin) {
           side(ellipse.center.y, -ry, -margin), side(ellipse.center.y, ry, margin)};
 }
 
+/// Kept: a negative shear counts as none.
+bool isSheared(const Decomposition& parts) { return parts.shear > 0.0; }
+
 void placeEllipse(CAdapterReader& adapter, const RoundShape& shape, EgfEllipse* ellipse) {
   ellipse->pen = kEllipsePen;
   ellipse->pen.ellipseRotation = 0;
   ellipse->pen.scaleFactor = 1.0;
   ellipse->startAngle = 0;
   ellipse->endAngle = kFullTurn;
-  _mpl_spacept_tag edge;
-  const _mpl_spacept_tag center = PixelScale(adapter).point(shape.center.x, shape.center.y);
-  adapter.SVGPointToPts(shape.center, shape.rx, shape.ry, &edge);
-  ellipse->center = center;
-  ellipse->radiusPt = edge;
+  const PixelScale scale(adapter);
+  const double x = scale.pixels(shape.cx);
+  const double y = scale.pixels(shape.cy);
+  ellipse->center = stored({x * kSpaceUnits, y * kSpaceUnits});
+  ellipse->radiusPt = stored(
+      {(x + scale.pixels(shape.rx)) * kSpaceUnits, (y + scale.pixels(shape.ry)) * kSpaceUnits});
 }
 
 /// Moves, scales and turns the ellipse itself. Host angles run against SVG's.
@@ -93,32 +101,45 @@ bool finishRound(FilledPaint& paint, const FilledForm& form, FilledPen& pen, _vi
   return true;
 }
 
+/// The ellipse painted step by step, as it stays or as a polygon. Null when that failed.
+[[gnu::noinline]] _egf_obj* paintRound(CAdapterReader& adapter, const RoundShape& shape,
+                                       _viewPortMap* map, const Decomposition& parts,
+                                       ObjectOwner object) {
+  auto* ellipse = as<EgfEllipse>(object.get());
+  const _mpl_spacerect_tag bounds =
+      roundBounds(*ellipse, penWidth(adapter, shape.stroke.strokeWidth));
+  FilledPaint paint(adapter, shape.fill, shape.stroke, shape.graphics);
+  paint.setShapePen(filledPen(ellipse->pen));
+  if (!isSheared(parts)) {
+    mapEllipse(adapter, map, parts, ellipse);
+    FilledPen& pen = filledPen(ellipse->pen);
+    return finishRound(paint, kEllipseForm, pen, map, bounds, object.get()) ? object.release()
+                                                                            : nullptr;
+  }
+  object = shearedOutline(object.get(), map);
+  if (!object) return nullptr;
+  FilledPen& pen = filledPen(as<EgfPolygon>(object.get())->pen);
+  if (!finishRound(paint, kShearedForm, pen, map, bounds, object.get())) return nullptr;
+  EGF_CalcPolygonMer(object.get(), adapter.map);
+  return object.release();
+}
+
+/// An ellipse keeps no rectangle of its own.
 _egf_obj* formatRound(CAdapterReader& adapter, const RoundShape& shape) {
   if (isHidden(shape.graphics)) return nullptr;
   ObjectOwner object(allocateObject(kClassEllipse, RMM_SITE));
   if (!object) return nullptr;
   auto* ellipse = as<EgfEllipse>(object.get());
   placeEllipse(adapter, shape, ellipse);
-  const _mpl_spacerect_tag bounds =
-      roundBounds(*ellipse, penWidth(adapter, shape.stroke.strokeWidth));
   const MapOwner map(adapter, adapter._findMapMatrix(&shape.head, nullptr, nullptr));
   if (!map) return nullptr;
-  FilledPaint paint(adapter, shape.fill, shape.stroke, shape.graphics);
-  paint.setShapePen(filledPen(ellipse->pen));
   Decomposition parts;
   decomposeMatrix(map.get()->userSpace->matrix.m, &parts);
-  if (parts.shear > 0.0) {  // kept: a negative shear counts as none
-    object = shearedOutline(object.get(), map.get());
-    if (!object) return nullptr;
-    FilledPen& pen = filledPen(as<EgfPolygon>(object.get())->pen);
-    if (!finishRound(paint, kShearedForm, pen, map.get(), bounds, object.get())) return nullptr;
-    EGF_CalcPolygonMer(object.get(), adapter.map);
-    return object.release();
+  if (isSheared(parts) || !isPlain(shape.fill, shape.stroke)) [[unlikely]] {
+    return paintRound(adapter, shape, map.get(), parts, std::move(object));
   }
+  paintPlainEllipse(adapter, shape.fill, shape.stroke, shape.graphics, ellipse);
   mapEllipse(adapter, map.get(), parts, ellipse);
-  FilledPen& pen = filledPen(ellipse->pen);
-  if (!finishRound(paint, kEllipseForm, pen, map.get(), bounds, object.get())) return nullptr;
-  EGF_CalcEllipseMer(&bounds, object.get());
   return object.release();
 }
 
@@ -128,21 +149,11 @@ _egf_obj* formatRound(CAdapterReader& adapter, const RoundShape& shape) {
 using namespace egfsvg;
 
 _egf_obj* CAdapterReader::SVG_formatEGFCircle(_svg_circle* element) {
-  return formatRound(*this, {element->head,
-                             element->fill,
-                             element->stroke,
-                             element->graphics,
-                             {element->cx, element->cy},
-                             element->r,
-                             element->r});
+  return formatRound(*this, {element->head, element->fill, element->stroke, element->graphics,
+                             element->cx, element->cy, element->r, element->r});
 }
 
 _egf_obj* CAdapterReader::SVG_formatEGFEllipse(_svg_ellipse* element) {
-  return formatRound(*this, {element->head,
-                             element->fill,
-                             element->stroke,
-                             element->graphics,
-                             {element->cx, element->cy},
-                             element->rx,
-                             element->ry});
+  return formatRound(*this, {element->head, element->fill, element->stroke, element->graphics,
+                             element->cx, element->cy, element->rx, element->ry});
 }

@@ -2,7 +2,9 @@
 
 #include "adapter_reader/owners.h"
 #include "adapter_reader/pixel_scale.h"
+#include "adapter_reader/plain_paint.h"
 #include "adapter_reader/point_arrays.h"
+#include "adapter_reader/point_map.h"
 #include "adapter_reader/shape_paint.h"
 #include "adapter_reader/shapes.h"
 #include "adapter_reader/svg_adapterreader.h"
@@ -17,22 +19,47 @@ double margin(CAdapterReader& adapter, const _svg_pa_stroke& stroke) {
   return penWidth(adapter, stroke.strokeWidth) / 2.0;
 }
 
-/// Points of an element on the page, as polylines and polygons take them.
-struct PlacedPoints {
-  RmmOwner<_mpl_spacept_tag> points;
-  _mpl_spacerect_tag bounds;  // before the map, for a gradient alone
+/// Points of a polyline or polygon. `bounds` is set for a gradient alone. No points: null, without
+/// a fault.
+PlacedPoints placePoints(CAdapterReader& adapter, const PointShape& shape, _viewPortMap* map,
+                         _mpl_spacerect_tag* bounds) {
+  if (shape.points == nullptr || shape.count <= 0) return {};
+  if (!needsBounds(shape.fill, shape.stroke)) [[likely]]
+    return placedPoints(adapter, shape.points, shape.count, map, nullptr);
+  PlacedPoints placed = placedPoints(adapter, shape.points, shape.count, map, bounds);
+  if (placed.points) *bounds = inPixels(*bounds, margin(adapter, shape.stroke));
+  return placed;
+}
+
+/// What a shape that is only stroked is painted from when its stroke has a gradient.
+struct StrokedScene {
+  _svg_pa_stroke& stroke;
+  _svg_pa_graphics& graphics;
+  const _mpl_spacerect_tag& bounds;  // pixels, before the map
+  _viewPortMap* map;
 };
 
-/// No points: null, without a fault.
-PlacedPoints placePoints(CAdapterReader& adapter, const PointShape& shape, _viewPortMap* map) {
-  PlacedPoints placed{};
-  if (shape.points == nullptr || shape.count <= 0) return placed;
-  const bool boxed = needsBounds(shape.fill, shape.stroke);
-  _mpl_spacerect_tag box{};
-  placed.points.reset(
-      placedPoints(adapter, shape.points, shape.count, map, boxed ? &box : nullptr));
-  if (boxed) placed.bounds = inPixels(box, margin(adapter, shape.stroke));
-  return placed;
+/// False when the gradient failed.
+[[gnu::noinline]] bool paintLine(CAdapterReader& adapter, const StrokedScene& scene,
+                                 _egf_obj* object) {
+  StrokedPaint paint(adapter, scene.stroke, scene.graphics);
+  StrokedPen& pen = strokedPen(as<EgfLine>(object)->pen);
+  paint.setPen(pen);
+  if (!paint.setColour(kLineForm, scene.map, scene.bounds, object, pen)) return false;
+  paint.storeStyles(kLineForm, object);
+  return true;
+}
+
+[[gnu::noinline]] bool paintPolyline(CAdapterReader& adapter, const StrokedScene& scene,
+                                     _egf_obj* object) {
+  StrokedPaint paint(adapter, scene.stroke, scene.graphics);
+  auto* polyline = as<EgfPolyline>(object);
+  StrokedPen& pen = strokedPen(polyline->pen);
+  paint.setPen(pen);
+  if (!paint.setColour(kPolylineForm, scene.map, scene.bounds, object, pen)) return false;
+  polyline->pen.joinStyle = paint.setJoin();
+  paint.storeStyles(kPolylineForm, object);
+  return true;
 }
 
 }  // namespace
@@ -40,7 +67,8 @@ PlacedPoints placePoints(CAdapterReader& adapter, const PointShape& shape, _view
 _egf_obj* formatPolygon(CAdapterReader& adapter, const PointShape& shape) {
   if (isHidden(shape.graphics)) return nullptr;
   const MapOwner map(adapter, adapter._findMapMatrix(&shape.head, nullptr, nullptr));
-  PlacedPoints placed = placePoints(adapter, shape, map.get());
+  _mpl_spacerect_tag bounds{};
+  PlacedPoints placed = placePoints(adapter, shape, map.get(), &bounds);
   if (!placed.points) return nullptr;
   ObjectOwner object(allocateObject(kClassPolygon, RMM_SITE));
   if (!object) return nullptr;
@@ -48,7 +76,7 @@ _egf_obj* formatPolygon(CAdapterReader& adapter, const PointShape& shape) {
   setPolygonTemplate(polygon);
   polygon->points = placed.points.release();
   polygon->pointCount = shape.count;
-  const ShapeScene scene{shape.fill, shape.stroke, shape.graphics, placed.bounds, map.get()};
+  const ShapeScene scene{shape.fill, shape.stroke, shape.graphics, bounds, map.get(), &placed.box};
   const unsigned figure = shape.closed ? kFigureClosed : kFigureOpen;
   return finishPolygon(adapter, object, scene, figure, true) == 0 ? object.release() : nullptr;
 }
@@ -66,26 +94,28 @@ _egf_obj* CAdapterReader::SVG_formatEGFLine(_svg_line* element) {
   const PixelScale scale(*this);
   ends[0] = scale.point(element->x1, element->y1);
   ends[1] = scale.point(element->x2, element->y2);
+  const bool plain = isPlain(element->stroke);
   _mpl_spacerect_tag bounds{};
-  if (needsBounds(element->stroke)) bounds = pixelBounds(ends, 2, margin(*this, element->stroke));
+  if (!plain) bounds = pixelBounds(ends, 2, margin(*this, element->stroke));
   mapPoints(ends, 2, by.get());
   auto* line = as<EgfLine>(object.get());
   line->pen = kLinePen;
   line->pen.scaleFactor = 1.0;
   line->startPt = ends[0];
   line->endPt = ends[1];
-  StrokedPaint paint(*this, element->stroke, element->graphics);
-  StrokedPen& pen = strokedPen(line->pen);
-  paint.setPen(pen);
-  if (!paint.setColour(kLineForm, by.get(), bounds, object.get(), pen)) return nullptr;
-  paint.storeStyles(kLineForm, object.get());
-  return object.release();
+  if (plain) [[likely]] {
+    paintPlainLine(*this, element->stroke, element->graphics, line);
+    return object.release();
+  }
+  const StrokedScene scene{element->stroke, element->graphics, bounds, by.get()};
+  return paintLine(*this, scene, object.get()) ? object.release() : nullptr;
 }
 
 _egf_obj* CAdapterReader::SVG_formatEGFPolyline(_svg_polyline* element) {
   if (isHidden(element->graphics)) return nullptr;
   const MapOwner by(*this, _findMapMatrix(&element->head, nullptr, nullptr));
-  PlacedPoints placed = placePoints(*this, pointShape(*element, false), by.get());
+  _mpl_spacerect_tag bounds{};
+  PlacedPoints placed = placePoints(*this, pointShape(*element, false), by.get(), &bounds);
   if (!placed.points) return nullptr;
   ObjectOwner object(allocateObject(kClassPolyline, RMM_SITE));
   if (!object) return nullptr;
@@ -95,13 +125,12 @@ _egf_obj* CAdapterReader::SVG_formatEGFPolyline(_svg_polyline* element) {
   polyline->points = placed.points.release();
   polyline->pointCount = static_cast<std::uint32_t>(element->pointCount);
   EGF_CalcPolylineMer(object.get(), map);
-  StrokedPaint paint(*this, element->stroke, element->graphics);
-  StrokedPen& pen = strokedPen(polyline->pen);
-  paint.setPen(pen);
-  if (!paint.setColour(kPolylineForm, by.get(), placed.bounds, object.get(), pen)) return nullptr;
-  polyline->pen.joinStyle = paint.setJoin();
-  paint.storeStyles(kPolylineForm, object.get());
-  return object.release();
+  if (isPlain(element->stroke)) [[likely]] {
+    paintPlainPolyline(*this, element->stroke, element->graphics, polyline);
+    return object.release();
+  }
+  const StrokedScene scene{element->stroke, element->graphics, bounds, by.get()};
+  return paintPolyline(*this, scene, object.get()) ? object.release() : nullptr;
 }
 
 _egf_obj* CAdapterReader::SVG_formatEGFPolygon(_svg_polygon* element) {

@@ -1,6 +1,8 @@
 // Pen, fill and style numbers of boxes, polygons and paths.
 
+#include "adapter_reader/object_boxes.h"
 #include "adapter_reader/owners.h"
+#include "adapter_reader/plain_paint.h"
 #include "adapter_reader/shape_paint.h"
 #include "adapter_reader/shapes.h"
 #include "adapter_reader/svg_adapterreader.h"
@@ -15,27 +17,52 @@ std::uint8_t figureMode(CAdapterReader& adapter, std::uint8_t mode, unsigned fig
   return FillRuleBits::with(FigureBits::with(mode, figure), rule);
 }
 
-}  // namespace
-
-int finishPolygon(CAdapterReader& adapter, ObjectOwner& object, const ShapeScene& scene,
-                  unsigned figure, bool openCaps) {
-  auto* polygon = as<EgfPolygon>(object.get());
-  FilledPen& pen = filledPen(polygon->pen);
-  pen.modeFlags = figureMode(adapter, pen.modeFlags, figure, scene.fill);
-  polygon->pen.scaleFactor = 1.0;
+/// The same paint step by step, for what has a gradient. False when that failed.
+[[gnu::noinline]] bool paintPolygon(CAdapterReader& adapter, const ShapeScene& scene, bool openCaps,
+                                    _egf_obj* object) {
+  FilledPen& pen = filledPen(as<EgfPolygon>(object)->pen);
   FilledPaint paint(adapter, scene.fill, scene.stroke, scene.graphics);
   paint.setShapePen(pen);
-  if (!paint.setGradient(kPolygonForm, scene.map, scene.bounds, object.get())) {
-    object.reset();
-    return -1;
-  }
+  if (!paint.setGradient(kPolygonForm, scene.map, scene.bounds, object)) return false;
   paint.setFillStyle(pen);
   paint.setJoin(pen);
   if (openCaps && FigureBits::get(pen.modeFlags) == kFigureOpen && pen.lineStyle == kLineSolid) {
     paint.setCaps();
   }
-  paint.storeStyles(kPolygonForm, object.get());
-  EGF_CalcPolygonMer(object.get(), adapter.map);
+  paint.storeStyles(kPolygonForm, object);
+  return true;
+}
+
+[[gnu::noinline]] bool paintPath(CAdapterReader& adapter, const ShapeScene& scene,
+                                 _egf_gdi_fillparms_tag& record, _egf_obj* object) {
+  auto* path = as<EgfPath>(object);
+  FilledPen& pen = filledPen(record);
+  FilledPaint paint(adapter, scene.fill, scene.stroke, scene.graphics);
+  paint.parms().open();
+  paint.setPathPen(pen);
+  if (!paint.setGradient(kPathForm, scene.map, scene.bounds, object)) return false;
+  paint.setFillStyle(pen);
+  paint.setJoin(pen);
+  if (path->pathKind != kPathClosedFigure) paint.setCaps();
+  path->gdiFillStyleNo = adapter.state.styles.number(adapter.document, record);
+  paint.storeStyles(kPathForm, object);
+  return true;
+}
+
+}  // namespace
+
+int finishPolygon(CAdapterReader& adapter, ObjectOwner& object, const ShapeScene& scene,
+                  unsigned figure, bool openCaps) {
+  auto* polygon = as<EgfPolygon>(object.get());
+  polygon->pen.modeFlags = figureMode(adapter, polygon->pen.modeFlags, figure, scene.fill);
+  polygon->pen.scaleFactor = 1.0;
+  if (isPlain(scene.fill, scene.stroke)) [[likely]] {
+    paintPlainPolygon(adapter, scene.fill, scene.stroke, scene.graphics, openCaps, polygon);
+  } else if (!paintPolygon(adapter, scene, openCaps, object.get())) {
+    object.reset();
+    return -1;
+  }
+  setBounds(object.get(), scene.box, adapter.map);
   return 0;
 }
 
@@ -47,8 +74,8 @@ int CAdapterReader::_setPgonParms(_egf_obj* object, _mpl_spacerect_tag& bounds, 
                                   _svg_pa_fill& fill, _svg_pa_stroke& stroke,
                                   _svg_pa_graphics& graphics) {
   ObjectOwner owner(object);
-  const int result =
-      finishPolygon(*this, owner, {fill, stroke, graphics, bounds, by}, kFigureClosed, false);
+  const int result = finishPolygon(*this, owner, {fill, stroke, graphics, bounds, by, nullptr},
+                                   kFigureClosed, false);
   (void)owner.release();
   return result;
 }
@@ -61,18 +88,13 @@ int CAdapterReader::_setPathParms(_egf_obj* object, _mpl_spacerect_tag& bounds, 
   ObjectOwner owner(object);
   auto* path = as<EgfPath>(object);
   _egf_gdi_fillparms_tag record = kPolygonPen;
-  FilledPen& pen = filledPen(record);
-  pen.modeFlags = figureMode(*this, pen.modeFlags, kFigureClosed, fill);
+  record.modeFlags = figureMode(*this, record.modeFlags, kFigureClosed, fill);
   record.scaleFactor = 1.0;
-  FilledPaint paint(*this, fill, stroke, graphics);
-  paint.parms().open();
-  paint.setPathPen(pen);
-  if (!paint.setGradient(kPathForm, by, bounds, object)) return -1;
-  paint.setFillStyle(pen);
-  paint.setJoin(pen);
-  if (path->pathKind != kPathClosedFigure) paint.setCaps();
-  path->gdiFillStyleNo = state.styles.number(document, record);
-  paint.storeStyles(kPathForm, object);
+  if (isPlain(fill, stroke)) [[likely]] {
+    paintPlainPath(*this, fill, stroke, graphics, record, path);
+  } else if (!paintPath(*this, {fill, stroke, graphics, bounds, by, nullptr}, record, object)) {
+    return -1;
+  }
   (void)owner.release();
   return 0;
 }

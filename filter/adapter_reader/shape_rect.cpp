@@ -1,8 +1,11 @@
 // Rectangles: a box, or a path of four corner arcs or curves when the corners are round.
 
+#include <cstring>
+
 #include "adapter_reader/owners.h"
 #include "adapter_reader/pixel_scale.h"
 #include "adapter_reader/point_arrays.h"
+#include "adapter_reader/point_map.h"
 #include "adapter_reader/shape_paint.h"
 #include "adapter_reader/shapes.h"
 #include "adapter_reader/svg_adapterreader.h"
@@ -13,10 +16,11 @@
 namespace egfsvg {
 namespace {
 
-/// A radius is at most half its own side. Kept: neither radius borrows from the other here.
-float cornerRadius(const PixelScale& scale, const _svg_value& radius, const _svg_value& side) {
-  const auto wanted = static_cast<float>(scale.spaceUnits(radius));
-  const auto length = static_cast<float>(scale.spaceUnits(side));
+/// A radius in space units, of pixels: at most half its own side. Kept: neither radius borrows from
+/// the other here.
+float cornerRadius(double radius, double side) {
+  const auto wanted = static_cast<float>(radius * kSpaceUnits);
+  const auto length = static_cast<float>(side * kSpaceUnits);
   return 2.0F * wanted > length ? 0.5F * length : wanted;
 }
 
@@ -103,19 +107,30 @@ bool putCurves(const CornerScene& scene, _egf_obj* path) {
   return true;
 }
 
+/// A box of the corners, mapped, with its template. Null, with the fault logged, out of memory.
+ObjectOwner mappedBox(const _mpl_spacept_tag (&corners)[kRectCorners], const _viewPortMap* map,
+                      PointBox* bounds) {
+  ObjectOwner object(allocateObject(kClassBox, RMM_SITE));
+  if (!object) return object;
+  auto* box = as<EgfPolygon>(object.get());
+  setPolygonTemplate(box);
+  _mpl_spacept_tag places[kRectCorners];
+  std::memcpy(places, corners, sizeof places);
+  *bounds = mapPoints(places, kRectCorners, map);
+  if (!setPoints(box, places, kRectCorners)) object.reset();
+  return object;
+}
+
 }  // namespace
 }  // namespace egfsvg
 
 using namespace egfsvg;
 
 _egf_obj* CAdapterReader::_getBoxRect(_mpl_spacept_tag* corners, _viewPortMap* by) {
-  ObjectOwner object(allocateObject(kClassBox, RMM_SITE));
-  if (!object) return nullptr;
-  auto* box = as<EgfPolygon>(object.get());
-  setPolygonTemplate(box);
-  if (!setPoints(box, corners, kRectCorners)) return nullptr;
-  mapPoints(box->points.get(), kRectCorners, by);
-  return object.release();
+  _mpl_spacept_tag four[kRectCorners];
+  std::memcpy(four, corners, sizeof four);
+  PointBox unused;
+  return mappedBox(four, by, &unused).release();
 }
 
 /// Straight edges are no objects: the host joins a path's children. Arcs can be moved and scaled,
@@ -139,25 +154,29 @@ _egf_obj* CAdapterReader::_getPathRect(_mpl_spacept_tag* corners, float rx, floa
 _egf_obj* CAdapterReader::SVG_formatEGFRect(_svg_rect* element) {
   if (isHidden(element->graphics)) return nullptr;
   const MapOwner by(*this, _findMapMatrix(&element->head, nullptr, nullptr));
-  _mpl_spacept_tag corners[kRectCorners];
   const PixelScale scale(*this);
-  rectCorners(scale, {element->x, element->y, element->width, element->height}, corners);
+  const PixelBox box{scale.pixels(element->x), scale.pixels(element->y),
+                     scale.pixels(element->width), scale.pixels(element->height)};
+  _mpl_spacept_tag corners[kRectCorners];
+  rectCorners(box, corners);
   // Kept: the whole pen width is added where lines add half of it.
   _mpl_spacerect_tag bounds{};
   if (needsBounds(element->fill, element->stroke)) {
     bounds = cornerBounds(corners[0], corners[2], scale.pixels(element->stroke.strokeWidth));
   }
-  const float rx = cornerRadius(scale, element->rx, element->width);
-  const float ry = cornerRadius(scale, element->ry, element->height);
-  const bool round = rx != 0.0F || ry != 0.0F;
-  _egf_obj* object =
-      round ? _getPathRect(corners, rx, ry, by.get()) : _getBoxRect(corners, by.get());
-  if (object == nullptr) return nullptr;
-  const auto finished = [&](auto setParms) {
-    const int result = (this->*setParms)(object, bounds, by.get(), element->fill, element->stroke,
-                                         element->graphics);
-    return result == 0 ? object : nullptr;
-  };
-  return round ? finished(&CAdapterReader::_setPathParms)
-               : finished(&CAdapterReader::_setPgonParms);
+  const float rx = cornerRadius(scale.pixels(element->rx), box.width);
+  const float ry = cornerRadius(scale.pixels(element->ry), box.height);
+  if (rx != 0.0F || ry != 0.0F) {
+    _egf_obj* path = _getPathRect(corners, rx, ry, by.get());
+    const bool finished = path != nullptr && _setPathParms(path, bounds, by.get(), element->fill,
+                                                           element->stroke, element->graphics) == 0;
+    return finished ? path : nullptr;
+  }
+  PointBox onPage;
+  ObjectOwner object = mappedBox(corners, by.get(), &onPage);
+  if (!object) return nullptr;
+  const ShapeScene scene{element->fill, element->stroke, element->graphics,
+                         bounds,        by.get(),        &onPage};
+  finishPolygon(*this, object, scene, kFigureClosed, false);
+  return object.release();
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "adapter_reader/owners.h"
+#include "geometry/point_box.h"
 #include "model/elements.h"
 
 namespace egfsvg {
@@ -13,6 +14,7 @@ struct ShapeScene {
   _svg_pa_graphics& graphics;
   _mpl_spacerect_tag bounds;  // pixels, before the map
   _viewPortMap* map;          // null: nothing is mapped
+  const PointBox* box;        // of the points on the page; null: not at hand
 };
 
 /// Pen, fill, style numbers and bounds of a polygon whose points are set. Caps are for open figures

@@ -18,6 +18,7 @@ void StyleNumbers::endPage() { *this = {}; }
 template <class Record>
 HostHandle StyleNumbers::tableOf(HostHandle document, StyleClass styleClass,
                                  Last<Record>& last) const {
+  if (document == 0) return 0;
   if (!pageOpen_ || !last.lookedUp) {
     last.table = ISL_GetProperty(OBJ_GetRootTrace(document, RMM_SITE),
                                  static_cast<std::uint32_t>(styleClass));

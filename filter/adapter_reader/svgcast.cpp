@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "adapter_reader/paint_codes.h"
 #include "adapter_reader/pixel_scale.h"
 #include "geometry/angles.h"
 #include "host/egf_codes.h"
@@ -48,6 +49,8 @@ double percentBase(const CAdapterReader& adapter, int axis) {
 std::uint8_t channel(std::int32_t value) { return static_cast<std::uint8_t>(value); }
 
 }  // namespace
+
+int joinCode(int strokeLinejoin) { return codeOf(kJoinRows, strokeLinejoin, kJoinMiter); }
 
 double resolutionOf(const CAdapterReader& adapter) {
   if (adapter.state.resolution.isKnown()) return adapter.state.resolution.pixelsPerInch;
@@ -107,7 +110,7 @@ int CAdapterReader::castLineCap(int strokeLinecap) {
 }
 
 int CAdapterReader::castJoinStyle(_svg_pa_stroke& stroke) {
-  return codeOf(kJoinRows, stroke.strokeLinejoin, kJoinMiter);
+  return joinCode(stroke.strokeLinejoin);
 }
 
 void CAdapterReader::SVGPointToPts(const _svg_point& point, const _svg_value& dx,

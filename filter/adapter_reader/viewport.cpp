@@ -3,6 +3,7 @@
 #include "adapter_reader/owners.h"
 #include "adapter_reader/pixel_scale.h"
 #include "adapter_reader/point_arrays.h"
+#include "adapter_reader/point_map.h"
 #include "adapter_reader/svg_adapterreader.h"
 #include "host/egf_bits.h"
 #include "host/egf_templates.h"
@@ -33,7 +34,10 @@ bool viewportBox(_svg_svg& element, ViewportBox* box) {
 
 /// The four corners in the order of a box: top left, bottom left, bottom right, top right.
 void boxCorners(CAdapterReader& adapter, const ViewportBox& box, _mpl_spacept_tag (&corners)[4]) {
-  rectCorners(PixelScale(adapter), {box.origin.x, box.origin.y, box.width, box.height}, corners);
+  const PixelScale scale(adapter);
+  rectCorners({scale.pixels(box.origin.x), scale.pixels(box.origin.y), scale.pixels(box.width),
+               scale.pixels(box.height)},
+              corners);
 }
 
 /// A rectangle object of the corners, mapped, without a fill and kept out of written files. Null,
