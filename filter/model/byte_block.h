@@ -30,11 +30,21 @@ class PlainByteBlock {
     std::memcpy(block.bytes_.data(), from, kByteBlockSize);
     return block;
   }
+  /// The same, from the start of an aligned object.
+  static PlainByteBlock loadAligned(const char* from) { return load(from); }
   void store(char* to) const { std::memcpy(to, bytes_.data(), kByteBlockSize); }
 
   /// Where the byte stands.
   ByteMask equal(char byte) const {
     return ask([byte](unsigned char own) { return own == static_cast<unsigned char>(byte); });
+  }
+  /// Where both blocks have the same byte.
+  ByteMask equal(const PlainByteBlock& other) const {
+    ByteMask mask = 0;
+    for (std::size_t i = 0; i < kByteBlockSize; ++i) {
+      mask |= ByteMask{bytes_[i] == other.bytes_[i]} << i;
+    }
+    return mask;
   }
   /// Where one of the two stands.
   ByteMask either(char one, char other) const { return equal(one) | equal(other); }
@@ -77,9 +87,15 @@ class Sse2ByteBlock {
   static Sse2ByteBlock load(const char* from) {
     return Sse2ByteBlock(_mm_loadu_si128(reinterpret_cast<const __m128i*>(from)));
   }
+  static Sse2ByteBlock loadAligned(const char* from) {
+    return Sse2ByteBlock(_mm_load_si128(reinterpret_cast<const __m128i*>(from)));
+  }
   void store(char* to) const { _mm_storeu_si128(reinterpret_cast<__m128i*>(to), bytes_); }
 
   ByteMask equal(char byte) const { return maskOf(sameAs(byte)); }
+  ByteMask equal(const Sse2ByteBlock& other) const {
+    return maskOf(_mm_cmpeq_epi8(bytes_, other.bytes_));
+  }
   ByteMask either(char one, char other) const {
     return maskOf(_mm_or_si128(sameAs(one), sameAs(other)));
   }
@@ -88,9 +104,7 @@ class Sse2ByteBlock {
     const __m128i small = _mm_cmpeq_epi8(_mm_max_epu8(bytes_, limit), limit);
     return maskOf(_mm_or_si128(small, sameAs(other)));
   }
-  bool operator==(const Sse2ByteBlock& other) const {
-    return maskOf(_mm_cmpeq_epi8(bytes_, other.bytes_)) == kWholeBlock;
-  }
+  bool operator==(const Sse2ByteBlock& other) const { return equal(other) == kWholeBlock; }
 
   std::uint64_t sum() const {
     const __m128i sums = _mm_add_epi64(bytes_, _mm_unpackhi_epi64(bytes_, bytes_));

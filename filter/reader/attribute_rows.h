@@ -8,20 +8,15 @@
 #include <span>
 
 #include "model/codes.h"
-#include "reader/element_layout.h"
-#include "reader/svg_handlerreader.h"
+#include "reader/attribute_action.h"
+#include "reader/presentation_rows.h"
 
 namespace egfsvg {
-
-/// Attribute codes from 0 to the last.
-inline constexpr std::size_t kAttributeCodes = kAttOnLoad + 1;
-
-/// The record is the element's own; the pair has a value.
-using AttributeAction = void (*)(CHandlerReader& reader, void* record, _svg_attrib_pair* pair);
 
 struct ActionRow {
   std::int32_t code;
   AttributeAction run;
+  std::size_t offset = 0;  // of what it sets, in the record
 };
 
 /// Presentation codes from the first to the last.
@@ -36,16 +31,10 @@ class ElementRow {
                        std::span<const ActionRow> common, std::span<const ActionRow> own)
       : groups_(groups) {
     for (const CodeRange& range : presentation) {
-      for (std::int32_t code = range.first; code <= range.last; ++code) {
-        slots_[static_cast<std::size_t>(code)] = kPresentationSlot;
-      }
+      for (std::int32_t code = range.first; code <= range.last; ++code) addPresentation(code);
     }
-    std::uint8_t slot = 0;
     for (const auto& rows : {common, own}) {
-      for (const ActionRow& row : rows) {
-        slots_[static_cast<std::size_t>(row.code)] = ++slot;
-        actions_[slot] = row.run;
-      }
+      for (const ActionRow& row : rows) actionOf(row.code) = {row.run, row.offset};
     }
   }
 
@@ -56,23 +45,21 @@ class ElementRow {
   void apply(CHandlerReader& reader, void* record, std::int32_t code, _svg_attrib_pair* pair) const;
 
  private:
-  void run(CHandlerReader& reader, void* record, std::int32_t code, std::uint8_t slot,
-           _svg_attrib_pair* pair) const;
   void applyUsual(CHandlerReader& reader, void* record) const;
   [[gnu::noinline]] bool applyOther(CHandlerReader& reader, void* record, int& code) const;
 
-  static constexpr std::uint8_t kPresentationSlot = 255;
-  static constexpr std::size_t kMostActions = 24;
-
-  std::uint8_t slotOf(std::int32_t code) const {
-    return static_cast<std::uint32_t>(code) < kAttributeCodes
-               ? slots_[static_cast<std::size_t>(code)]
-               : std::uint8_t{0};
+  constexpr PlacedAction& actionOf(std::int32_t code) {
+    return actions_[static_cast<std::size_t>(code)];
+  }
+  constexpr void addPresentation(std::int32_t code) {
+    const PresentationRow& row = presentationRow(code);
+    if (groups_.has(row.group)) {
+      actionOf(code) = {row.set, groups_.offsetOf(row.group) + row.offset};
+    }
   }
 
   GroupOffsets groups_;
-  std::array<AttributeAction, kMostActions> actions_{};  // by slot
-  std::array<std::uint8_t, kAttributeCodes> slots_{};    // 0: not accepted
+  std::array<PlacedAction, kAttributeCodes> actions_{};  // none: not accepted
 };
 
 /// What the elements accept.
@@ -104,30 +91,38 @@ int applyAttribute(CHandlerReader& reader, const ElementRow& row, Record* record
 }
 
 /// Actions that every element shares.
-void setIdentifier(CHandlerReader& reader, void* record, _svg_attrib_pair* pair);
-void setDescription(CHandlerReader& reader, void* record, _svg_attrib_pair* pair);
-void setExternalResources(CHandlerReader& reader, void* record, _svg_attrib_pair* pair);
-void setClass(CHandlerReader& reader, void* record, _svg_attrib_pair* pair);
-void setTransform(CHandlerReader& reader, void* record, _svg_attrib_pair* pair);
+void setIdentifier(CHandlerReader& reader, void* record, _svg_attrib_pair* pair,
+                   const ElementTarget&);
+void setDescription(CHandlerReader& reader, void* record, _svg_attrib_pair* pair,
+                    const ElementTarget&);
+void setExternalResources(CHandlerReader& reader, void* record, _svg_attrib_pair* pair,
+                          const ElementTarget&);
+void setClass(CHandlerReader& reader, void* record, _svg_attrib_pair* pair, const ElementTarget&);
+void setTransform(CHandlerReader& reader, void* record, _svg_attrib_pair* pair,
+                  const ElementTarget&);
 
 /// The style attribute, applied as that of an element of a tag code.
 template <std::int32_t Type>
-void setStyle(CHandlerReader& reader, void* record, _svg_attrib_pair* pair) {
+void setStyle(CHandlerReader& reader, void* record, _svg_attrib_pair* pair, const ElementTarget&) {
   reader.SetLocalStyleAtt(record, pair->value, Type);
 }
 /// The same with the record's own type.
-void setOwnStyle(CHandlerReader& reader, void* record, _svg_attrib_pair* pair);
+void setOwnStyle(CHandlerReader& reader, void* record, _svg_attrib_pair* pair,
+                 const ElementTarget&);
 
 template <class Record>
-void setRequiredFeatures(CHandlerReader& reader, void* record, _svg_attrib_pair* pair) {
+void setRequiredFeatures(CHandlerReader& reader, void* record, _svg_attrib_pair* pair,
+                         const ElementTarget&) {
   reader.SetRequiredFeaturesAtt(&static_cast<Record*>(record)->ta.requiredFeatures, pair);
 }
 template <class Record>
-void setRequiredExtensions(CHandlerReader& reader, void* record, _svg_attrib_pair* pair) {
+void setRequiredExtensions(CHandlerReader& reader, void* record, _svg_attrib_pair* pair,
+                           const ElementTarget&) {
   reader.SetRequiredExtensionsAtt(&static_cast<Record*>(record)->ta.requiredExtensions, pair);
 }
 template <class Record>
-void setSystemLanguage(CHandlerReader& reader, void* record, _svg_attrib_pair* pair) {
+void setSystemLanguage(CHandlerReader& reader, void* record, _svg_attrib_pair* pair,
+                       const ElementTarget&) {
   reader.SetSystemLanguageAtt(&static_cast<Record*>(record)->ta.systemLanguage, pair);
 }
 
@@ -145,18 +140,7 @@ inline constexpr ActionRow kElementActions[] = {
     {kAttSystemLanguage, setSystemLanguage<Record>}};
 
 template <class Record>
-Record* recordOf(_svg_value Record::*, void* record) {
-  return static_cast<Record*>(record);
-}
-
-/// A length of the record.
-template <auto Field>
-void setLength(CHandlerReader& reader, void* record, _svg_attrib_pair* pair) {
-  reader.SetValueAtt(&(recordOf(Field, record)->*Field), pair);
-}
-
-template <class Record>
-void setLink(CHandlerReader& reader, void* record, _svg_attrib_pair* pair) {
+void setLink(CHandlerReader& reader, void* record, _svg_attrib_pair* pair, const ElementTarget&) {
   reader.SetLinkAtt(&static_cast<Record*>(record)->link, pair);
 }
 

@@ -51,6 +51,10 @@ class GroupOffsets {
   static constexpr GroupOffsets of();
 
   constexpr bool has(GroupCode code) const { return offsets_[code] != kNone; }
+  /// Of a group that the record has.
+  constexpr std::size_t offsetOf(GroupCode code) const {
+    return static_cast<std::size_t>(offsets_[code]);
+  }
   void* find(void* record, GroupCode code) const {
     return has(code) ? static_cast<char*>(record) + offsets_[code] : nullptr;
   }

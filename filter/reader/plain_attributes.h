@@ -23,31 +23,47 @@ struct PlainAttribute {
   const char* next;  // behind the closing quote, or behind the ">" of the tag
 };
 
-/// The most usual form by itself: behind a blank or nothing a short known name, then double quotes
-/// around a value without a zero byte. False for others. A zero byte ends the block.
-inline bool scanUsual(const char* at, PlainAttribute& found, int& code) {
+/// The most usual form of what stands before a value: behind a blank or nothing a short known name,
+/// then double quotes. Behind them, or null for other forms. A zero byte ends the block.
+inline const char* behindUsualName(const char* at, const char*& name, std::size_t& length,
+                                   int& code) {
   if (*at == ' ') {
     ++at;
   } else if (*at < 'A') {
-    return false;  // the end of the tag, most often
+    return nullptr;  // the end of the tag, most often
   }
   const ByteBlock block = ByteBlock::load(at);
   const ByteMask separators = block.equal('=');
-  if (separators == 0) return false;
-  const std::size_t length = firstOf(separators);
-  if (!kShortAttributes.find(block, length, code)) return false;
+  if (separators == 0) return nullptr;
+  name = at;
+  length = firstOf(separators);
+  if (!kShortAttributes.find(block, length, code)) return nullptr;
   // A name may be followed by zero bytes, of which one is the end of the block.
-  if (at[length - 1] == '\0' || at[length + 1] != '"' || at[length + 2] == ' ') return false;
-  const char* const value = at + length + 2;
-  const char* close = value;
-  ByteMask ends = ByteBlock::load(close).either('"', '\0');
+  const char* const separator = at + length;
+  return separator[-1] != '\0' && separator[1] == '"' ? separator + 2 : nullptr;
+}
+
+/// The quote that ends a value, or the zero byte that stands before it. Kept: a value begins behind
+/// its blanks, which are not looked for here: null for one that has some.
+inline const char* usualValueEnd(const char* value) {
+  if (*value == ' ') return nullptr;
+  ByteMask ends = ByteBlock::load(value).either('"', '\0');
   while (ends == 0) {
-    close += kByteBlockSize;
-    ends = ByteBlock::load(close).either('"', '\0');
+    value += kByteBlockSize;
+    ends = ByteBlock::load(value).either('"', '\0');
   }
-  close += firstOf(ends);
-  found = {at, length, value, static_cast<std::size_t>(close - value), close + 1};
-  return *close != '\0';
+  return value + firstOf(ends);
+}
+
+/// An attribute of the most usual form, with a value without a zero byte. False for others.
+inline bool scanUsual(const char* at, PlainAttribute& found, int& code) {
+  found.value = behindUsualName(at, found.name, found.nameLength, code);
+  if (found.value == nullptr) return false;
+  const char* const close = usualValueEnd(found.value);
+  if (close == nullptr || *close == '\0') return false;
+  found.valueLength = static_cast<std::size_t>(close - found.value);
+  found.next = close + 1;
+  return true;
 }
 
 /// Behind the end of the tag that may follow here, or null.
@@ -96,24 +112,23 @@ void copyPlain(char* to, const char* from, std::size_t length) {
   to[length] = '\0';
 }
 
-/// A pair whose name is copied and whose value stays where it stands, in a block. While an action
-/// runs, a zero byte stands in place of the closing quote. Names have up to sixteen bytes.
+/// A pair without a name, whose value stays where it stands, in a block. While an action runs, a
+/// zero byte stands in place of the closing quote.
 class PairInPlace {
  public:
   PairInPlace() {
-    pair_.name[kByteBlockSize] = '\0';
+    pair_.name[0] = '\0';
     pair_.valueSize = cBuffer::kSlack;
   }
   PairInPlace(const PairInPlace&) = delete;
   PairInPlace& operator=(const PairInPlace&) = delete;
 
-  /// Runs `action(pair)`. `value` is that of the attribute, in the block.
+  /// Runs `action(pair)` for the value up to its quote.
   template <class Action>
-  void with(const PlainAttribute& found, char* value, Action action) {
-    ByteBlock::load(found.name).first(found.nameLength).store(pair_.name);
+  void with(char* value, char* quote, Action action) {
     pair_.value = value;
-    pair_.valueLength = static_cast<std::int32_t>(found.valueLength);
-    const Terminator terminator(value + found.valueLength);
+    pair_.valueLength = static_cast<std::int32_t>(quote - value);
+    const Terminator terminator(quote);
     action(&pair_);
   }
 

@@ -1,8 +1,9 @@
-// The presentation properties by their shared codes: which group each stands in and how it is set.
+// The presentation properties by their shared codes, and what "inherit" means to each.
 #pragma once
 
-#include "reader/element_layout.h"
-#include "reader/svg_handlerreader.h"
+#include <cstdint>
+
+#include "model/codes.h"
 
 namespace egfsvg {
 
@@ -18,16 +19,5 @@ constexpr bool isPresentation(std::int32_t code) {
 enum class InheritWord { kKeeps, kAsksTheParent, kIsANumber };
 
 InheritWord inheritWordOf(std::int32_t presentationCode);
-
-/// The record that a property goes to. A null parent has nothing to inherit from.
-struct PresentationTarget {
-  _svg_common* parent;
-  void* record;
-  const GroupOffsets* groups;
-};
-
-/// Sets the property of a presentation code; nothing happens when the record has no such group.
-void applyPresentation(CHandlerReader& reader, const PresentationTarget& target, std::int32_t code,
-                       _svg_attrib_pair* pair);
 
 }  // namespace egfsvg

@@ -6,6 +6,7 @@
 
 #include "host/settings.h"
 #include "model/values.h"
+#include "reader/attribute_guess.h"
 #include "reader/rule_index.h"
 
 namespace egfsvg {
@@ -91,6 +92,7 @@ struct ReaderState {
   SpareBlocks objects;                  // envelopes with their records
   SpareBlocks groups;                   // records of groups
   RuleIndex rules;                      // about the style table
+  AttributeGuess guesses;               // of the names of attributes
 };
 
 /// An attribute pair whose value block is lent by the reader.

@@ -20,23 +20,23 @@ constexpr CodeRange kLinkProperties[] = {{kAttFontFamily, kAttColorRendering},
                                          {kAttMarkerMid, kAttShapeRendering},
                                          {kAttAlignmentBaseline, kAttWritingMode}};
 
-void setContentStyleType(Reader& reader, void* record, Pair* pair) {
+void setContentStyleType(Reader& reader, void* record, Pair* pair, const ElementTarget&) {
   reader.SetContentStyleTypeAtt(&static_cast<_svg_svg*>(record)->contentStyleType, pair);
 }
 
-void setViewBox(Reader& reader, void* record, Pair* pair) {
+void setViewBox(Reader& reader, void* record, Pair* pair, const ElementTarget&) {
   reader.SetViewboxAtt(&static_cast<_svg_svg*>(record)->viewBox, pair);
 }
 
-void setAspect(Reader& reader, void* record, Pair* pair) {
+void setAspect(Reader& reader, void* record, Pair* pair, const ElementTarget&) {
   reader.SetPreserveAspectAtt(&static_cast<_svg_svg*>(record)->preserveAspectRatio, pair);
 }
 
-void setZoomAndPan(Reader& reader, void* record, Pair* pair) {
+void setZoomAndPan(Reader& reader, void* record, Pair* pair, const ElementTarget&) {
   reader.SetZoomAndPanAtt(&static_cast<_svg_svg*>(record)->zoomAndPan, pair);
 }
 
-void setXmlSpace(Reader& reader, void* record, Pair* pair) {
+void setXmlSpace(Reader& reader, void* record, Pair* pair, const ElementTarget&) {
   auto* svg = static_cast<_svg_svg*>(record);
   reader.SetXmlSpaceAtt(svg, pair);
   reader.xmlSpace = svg->xmlSpace;
@@ -60,20 +60,20 @@ void translateBy(Reader& reader, _svg_common* head, std::string_view before, con
 }
 
 // The place of a `use` becomes a translation, where the attribute stands.
-void setGroupX(Reader& reader, void* record, Pair* pair) {
+void setGroupX(Reader& reader, void* record, Pair* pair, const ElementTarget&) {
   auto* group = static_cast<_svg_group*>(record);
   reader.SetValueAtt(&group->x, pair);
   translateBy(reader, &group->head, "translate(", pair->value, ",0)");
 }
 
-void setGroupY(Reader& reader, void* record, Pair* pair) {
+void setGroupY(Reader& reader, void* record, Pair* pair, const ElementTarget&) {
   auto* group = static_cast<_svg_group*>(record);
   reader.SetValueAtt(&group->y, pair);
   translateBy(reader, &group->head, "translate(0,", pair->value, ")");
 }
 
 // Kept: the one element whose class names the bare keys of the table.
-void setDefsClass(Reader& reader, void* record, Pair* pair) {
+void setDefsClass(Reader& reader, void* record, Pair* pair, const ElementTarget&) {
   auto* head = static_cast<_svg_common*>(record);
   reader.SetClassNameAtt(head, pair);
   if (head->classCount >= 1) reader.SetStyleBasedOnClass(record, kTagDefs);
@@ -83,15 +83,15 @@ constexpr ActionRow kSvgActions[] = {{kAttType, setContentStyleType},
                                      {kAttViewBox, setViewBox},
                                      {kAttPreserveAspectRatio, setAspect},
                                      {kAttZoomAndPan, setZoomAndPan},
-                                     {kAttX, setLength<&_svg_svg::x>},
-                                     {kAttY, setLength<&_svg_svg::y>},
-                                     {kAttWidth, setLength<&_svg_svg::width>},
-                                     {kAttHeight, setLength<&_svg_svg::height>},
+                                     {kAttX, setLength, offsetof(_svg_svg, x)},
+                                     {kAttY, setLength, offsetof(_svg_svg, y)},
+                                     {kAttWidth, setLength, offsetof(_svg_svg, width)},
+                                     {kAttHeight, setLength, offsetof(_svg_svg, height)},
                                      {kAttXmlSpace, setXmlSpace}};
 constexpr ActionRow kGroupActions[] = {{kAttX, setGroupX},
                                        {kAttY, setGroupY},
-                                       {kAttWidth, setLength<&_svg_group::width>},
-                                       {kAttHeight, setLength<&_svg_group::height>},
+                                       {kAttWidth, setLength, offsetof(_svg_group, width)},
+                                       {kAttHeight, setLength, offsetof(_svg_group, height)},
                                        {kAttXlinkHref, setLink<_svg_group>}};
 constexpr ActionRow kLinkActions[] = {{kAttXlinkHref, setLink<_svg_a>}};
 constexpr ActionRow kDefsActions[] = {{kAttId, setIdentifier},

@@ -9,7 +9,6 @@ namespace {
 
 using Reader = CHandlerReader;
 using Pair = _svg_attrib_pair;
-using GradientSlots = decltype(model::_svg_gradient_parms::slots);
 
 constexpr CodeRange kTextProperties[] = {{kAttFontFamily, kAttWordSpacing},
                                          {kAttColor, kAttDisplay},
@@ -22,63 +21,57 @@ constexpr CodeRange kGradientProperties[] = {{kAttStopOpacity, kAttStopOpacity}}
 constexpr CodeRange kStopProperties[] = {{kAttColor, kAttColor},
                                          {kAttStopOpacity, kAttStopOpacity}};
 
-void setAspect(Reader& reader, void* record, Pair* pair) {
+void setAspect(Reader& reader, void* record, Pair* pair, const ElementTarget&) {
   reader.SetPreserveAspectAtt(&static_cast<_svg_image*>(record)->preserveAspectRatio, pair);
 }
 
-void setTextX(Reader& reader, void* record, Pair* pair) {
+void setTextX(Reader& reader, void* record, Pair* pair, const ElementTarget&) {
   auto* text = static_cast<_svg_text*>(record);
   reader.SetValueAtt(&text->position.x, pair);
   text->hasX = 1;
 }
 
-void setTextY(Reader& reader, void* record, Pair* pair) {
+void setTextY(Reader& reader, void* record, Pair* pair, const ElementTarget&) {
   auto* text = static_cast<_svg_text*>(record);
   reader.SetValueAtt(&text->position.y, pair);
   text->hasY = 1;
 }
 
-void setLengthAdjust(Reader& reader, void* record, Pair* pair) {
+void setLengthAdjust(Reader& reader, void* record, Pair* pair, const ElementTarget&) {
   reader.SetLengthAdjustAtt(&static_cast<_svg_text*>(record)->lengthAdjust, pair);
 }
 
-void setLang(Reader& reader, void* record, Pair* pair) {
+void setLang(Reader& reader, void* record, Pair* pair, const ElementTarget&) {
   reader.SetLangAtt(&static_cast<_svg_text*>(record)->lang, pair);
 }
 
-void setOnClick(Reader& reader, void* record, Pair* pair) {
+void setOnClick(Reader& reader, void* record, Pair* pair, const ElementTarget&) {
   reader.SetOnClickEventAtt(&static_cast<_svg_text*>(record)->events, pair);
 }
 
-/// One of the slots that both kinds of gradient share.
-template <_svg_value GradientSlots::*Slot>
-void setSlot(Reader& reader, void* record, Pair* pair) {
-  reader.SetValueAtt(&(static_cast<_svg_gradient*>(record)->parms.slots.*Slot), pair);
-}
-
-void setGradientUnits(Reader& reader, void* record, Pair* pair) {
+void setGradientUnits(Reader& reader, void* record, Pair* pair, const ElementTarget&) {
   reader.SetGradientUnitsAtt(&static_cast<_svg_gradient*>(record)->gradientUnits, pair);
 }
 
-void setSpreadMethod(Reader& reader, void* record, Pair* pair) {
+void setSpreadMethod(Reader& reader, void* record, Pair* pair, const ElementTarget&) {
   reader.SetSpreadMethodAtt(&static_cast<_svg_gradient*>(record)->spreadMethod, pair);
 }
 
-void setGradientColor(Reader& reader, void* record, Pair* pair) {
+void setGradientColor(Reader& reader, void* record, Pair* pair, const ElementTarget&) {
   auto* gradient = static_cast<_svg_gradient*>(record);
   CurrentColor value(reader, &gradient->graphics, pair);
   reader.SetColorPatt(&gradient->graphics, value.pair());
 }
 
 template <class Record>
-void setStopColor(Reader& reader, void* record, Pair* pair) {
+void setStopColor(Reader& reader, void* record, Pair* pair, const ElementTarget&) {
   auto* target = static_cast<Record*>(record);
   CurrentColor value(reader, &target->graphics, pair);
   reader.SetStopColorPatt(target->head.parent, &target->gradients, value.pair());
 }
 
 // An offset is always held as a percentage.
-void setOffset(Reader& reader, void* record, Pair* pair) {
+void setOffset(Reader& reader, void* record, Pair* pair, const ElementTarget&) {
   constexpr double kPercentPerUnit = 100.0;
   _svg_value& offset = static_cast<_svg_stop*>(record)->offset;
   reader.SetValueAtt(&offset, pair);
@@ -87,62 +80,65 @@ void setOffset(Reader& reader, void* record, Pair* pair) {
   offset.value *= kPercentPerUnit;
 }
 
-constexpr ActionRow kImageActions[] = {
-    {kAttPreserveAspectRatio, setAspect},         {kAttX, setLength<&_svg_image::x>},
-    {kAttY, setLength<&_svg_image::y>},           {kAttWidth, setLength<&_svg_image::width>},
-    {kAttHeight, setLength<&_svg_image::height>}, {kAttXlinkHref, setLink<_svg_image>}};
+constexpr ActionRow kImageActions[] = {{kAttPreserveAspectRatio, setAspect},
+                                       {kAttX, setLength, offsetof(_svg_image, x)},
+                                       {kAttY, setLength, offsetof(_svg_image, y)},
+                                       {kAttWidth, setLength, offsetof(_svg_image, width)},
+                                       {kAttHeight, setLength, offsetof(_svg_image, height)},
+                                       {kAttXlinkHref, setLink<_svg_image>}};
 constexpr ActionRow kTextActions[] = {{kAttX, setTextX},
                                       {kAttY, setTextY},
                                       {kAttLengthAdjust, setLengthAdjust},
-                                      {kAttTextLength, setLength<&_svg_text::textLength>},
-                                      {kAttDx, setLength<&_svg_text::dx>},
-                                      {kAttDy, setLength<&_svg_text::dy>},
+                                      {kAttTextLength, setLength, offsetof(_svg_text, textLength)},
+                                      {kAttDx, setLength, offsetof(_svg_text, dx)},
+                                      {kAttDy, setLength, offsetof(_svg_text, dy)},
                                       {kAttXlinkHref, setLink<_svg_text>},
                                       {kAttXmlLang, setLang},
                                       {kAttOnClick, setOnClick}};
-constexpr ActionRow kGradientActions[] = {{kAttId, setIdentifier},
-                                          {kAttDesc, setDescription},
-                                          {kAttExternalResourcesRequired, setExternalResources},
-                                          {kAttClass, setClass},
-                                          {kAttStyle, setOwnStyle},
-                                          {kAttR, setSlot<&GradientSlots::g4>},
-                                          {kAttX1, setSlot<&GradientSlots::g0>},
-                                          {kAttCx, setSlot<&GradientSlots::g0>},
-                                          {kAttY1, setSlot<&GradientSlots::g1>},
-                                          {kAttCy, setSlot<&GradientSlots::g1>},
-                                          {kAttX2, setSlot<&GradientSlots::g2>},
-                                          {kAttFx, setSlot<&GradientSlots::g2>},
-                                          {kAttY2, setSlot<&GradientSlots::g3>},
-                                          {kAttFy, setSlot<&GradientSlots::g3>},
-                                          {kAttXlinkHref, setLink<_svg_gradient>},
-                                          {kAttGradientUnits, setGradientUnits},
-                                          {kAttGradientTransform, setTransform},
-                                          {kAttSpreadMethod, setSpreadMethod},
-                                          {kAttColor, setGradientColor},
-                                          {kAttStopColor, setStopColor<_svg_gradient>}};
+constexpr ActionRow kGradientActions[] = {
+    {kAttId, setIdentifier},
+    {kAttDesc, setDescription},
+    {kAttExternalResourcesRequired, setExternalResources},
+    {kAttClass, setClass},
+    {kAttStyle, setOwnStyle},
+    {kAttR, setLength, offsetof(_svg_gradient, parms.slots.g4)},
+    {kAttX1, setLength, offsetof(_svg_gradient, parms.slots.g0)},
+    {kAttCx, setLength, offsetof(_svg_gradient, parms.slots.g0)},
+    {kAttY1, setLength, offsetof(_svg_gradient, parms.slots.g1)},
+    {kAttCy, setLength, offsetof(_svg_gradient, parms.slots.g1)},
+    {kAttX2, setLength, offsetof(_svg_gradient, parms.slots.g2)},
+    {kAttFx, setLength, offsetof(_svg_gradient, parms.slots.g2)},
+    {kAttY2, setLength, offsetof(_svg_gradient, parms.slots.g3)},
+    {kAttFy, setLength, offsetof(_svg_gradient, parms.slots.g3)},
+    {kAttXlinkHref, setLink<_svg_gradient>},
+    {kAttGradientUnits, setGradientUnits},
+    {kAttGradientTransform, setTransform},
+    {kAttSpreadMethod, setSpreadMethod},
+    {kAttColor, setGradientColor},
+    {kAttStopColor, setStopColor<_svg_gradient>}};
 constexpr ActionRow kStopActions[] = {{kAttId, setIdentifier},
                                       {kAttClass, setClass},
                                       {kAttStyle, setStyle<kTagStop>},
                                       {kAttOffset, setOffset},
                                       {kAttStopColor, setStopColor<_svg_stop>}};
 
-void setStyleType(Reader& reader, void* record, Pair* pair) {
+void setStyleType(Reader& reader, void* record, Pair* pair, const ElementTarget&) {
   reader.SetContentStyleTypeAtt(&static_cast<_svg_style_props*>(record)->contentType, pair);
 }
 
-void setStyleTitle(Reader& reader, void* record, Pair* pair) {
+void setStyleTitle(Reader& reader, void* record, Pair* pair, const ElementTarget&) {
   reader.SetTitleAtt(&static_cast<_svg_style_props*>(record)->title, pair);
 }
 
-void setStyleMedia(Reader& reader, void* record, Pair* pair) {
+void setStyleMedia(Reader& reader, void* record, Pair* pair, const ElementTarget&) {
   reader.SetMediaDescAtt(&static_cast<_svg_style_props*>(record)->media, pair);
 }
 
-void setStyleHref(Reader& reader, void* record, Pair* pair) {
+void setStyleHref(Reader& reader, void* record, Pair* pair, const ElementTarget&) {
   reader.SetHrefAtt(&static_cast<_svg_style_props*>(record)->href, pair);
 }
 
-void setStyleAlternate(Reader& reader, void* record, Pair* pair) {
+void setStyleAlternate(Reader& reader, void* record, Pair* pair, const ElementTarget&) {
   reader.SetAlternateAtt(&static_cast<_svg_style_props*>(record)->alternate, pair);
 }
 

@@ -26,21 +26,26 @@ constexpr CodeRange kMarkedShape[] = {{kAttColor, kAttDisplay},
 
 // Kept: the last of rx and ry sets both.
 template <_svg_value _svg_rect::*First, _svg_value _svg_rect::*Second>
-void setRadii(Reader& reader, void* record, Pair* pair) {
+void setRadii(Reader& reader, void* record, Pair* pair, const ElementTarget&) {
   auto* rect = static_cast<_svg_rect*>(record);
   reader.SetValueAtt(&(rect->*First), pair);
   reader.SetValueAtt(&(rect->*Second), pair);
 }
 
 // Kept: rules for an attribute are asked for here alone.
-void setCircleTransform(Reader& reader, void* record, Pair* pair) {
+void setCircleTransform(Reader& reader, void* record, Pair* pair, const ElementTarget&) {
   auto* head = static_cast<_svg_common*>(record);
   reader.SetTransformAtt(head, pair);
-  reader.SetStyleBasedOnAttribSelector(record, head->type, pair);
+  if (pair->name[0] != '\0') {
+    reader.SetStyleBasedOnAttribSelector(record, head->type, pair);
+  } else {
+    Pair named{"transform", pair->valueSize, pair->value, pair->valueLength};
+    reader.SetStyleBasedOnAttribSelector(record, head->type, &named);
+  }
 }
 
 template <class Record>
-void setPoints(Reader& reader, void* record, Pair* pair) {
+void setPoints(Reader& reader, void* record, Pair* pair, const ElementTarget&) {
   auto* shape = static_cast<Record*>(record);
   int count = 0;
   _svg_point* points = reader.SetPointsAtt(&count, pair);
@@ -49,28 +54,28 @@ void setPoints(Reader& reader, void* record, Pair* pair) {
   shape->pointCount = count;
 }
 
-void setPathData(Reader& reader, void* record, Pair* pair) {
+void setPathData(Reader& reader, void* record, Pair* pair, const ElementTarget&) {
   reader.SetPathAtt(static_cast<_svg_path*>(record), pair->value);
 }
 
-constexpr ActionRow kRectActions[] = {{kAttX, setLength<&_svg_rect::x>},
-                                      {kAttY, setLength<&_svg_rect::y>},
-                                      {kAttWidth, setLength<&_svg_rect::width>},
-                                      {kAttHeight, setLength<&_svg_rect::height>},
+constexpr ActionRow kRectActions[] = {{kAttX, setLength, offsetof(_svg_rect, x)},
+                                      {kAttY, setLength, offsetof(_svg_rect, y)},
+                                      {kAttWidth, setLength, offsetof(_svg_rect, width)},
+                                      {kAttHeight, setLength, offsetof(_svg_rect, height)},
                                       {kAttRx, setRadii<&_svg_rect::rx, &_svg_rect::ry>},
                                       {kAttRy, setRadii<&_svg_rect::ry, &_svg_rect::rx>}};
 constexpr ActionRow kCircleActions[] = {{kAttTransform, setCircleTransform},
-                                        {kAttR, setLength<&_svg_circle::r>},
-                                        {kAttCx, setLength<&_svg_circle::cx>},
-                                        {kAttCy, setLength<&_svg_circle::cy>}};
-constexpr ActionRow kEllipseActions[] = {{kAttRx, setLength<&_svg_ellipse::rx>},
-                                         {kAttRy, setLength<&_svg_ellipse::ry>},
-                                         {kAttCx, setLength<&_svg_ellipse::cx>},
-                                         {kAttCy, setLength<&_svg_ellipse::cy>}};
-constexpr ActionRow kLineActions[] = {{kAttX1, setLength<&_svg_line::x1>},
-                                      {kAttY1, setLength<&_svg_line::y1>},
-                                      {kAttX2, setLength<&_svg_line::x2>},
-                                      {kAttY2, setLength<&_svg_line::y2>}};
+                                        {kAttR, setLength, offsetof(_svg_circle, r)},
+                                        {kAttCx, setLength, offsetof(_svg_circle, cx)},
+                                        {kAttCy, setLength, offsetof(_svg_circle, cy)}};
+constexpr ActionRow kEllipseActions[] = {{kAttRx, setLength, offsetof(_svg_ellipse, rx)},
+                                         {kAttRy, setLength, offsetof(_svg_ellipse, ry)},
+                                         {kAttCx, setLength, offsetof(_svg_ellipse, cx)},
+                                         {kAttCy, setLength, offsetof(_svg_ellipse, cy)}};
+constexpr ActionRow kLineActions[] = {{kAttX1, setLength, offsetof(_svg_line, x1)},
+                                      {kAttY1, setLength, offsetof(_svg_line, y1)},
+                                      {kAttX2, setLength, offsetof(_svg_line, x2)},
+                                      {kAttY2, setLength, offsetof(_svg_line, y2)}};
 constexpr ActionRow kPolylineActions[] = {{kAttPoints, setPoints<_svg_polyline>}};
 constexpr ActionRow kPolygonActions[] = {{kAttPoints, setPoints<_svg_polygon>}};
 constexpr ActionRow kPathActions[] = {{kAttD, setPathData}};

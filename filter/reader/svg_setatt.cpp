@@ -3,23 +3,30 @@
 #include "reader/attribute_loop.h"
 #include "reader/attribute_rows.h"
 #include "reader/plain_attributes.h"
-#include "reader/presentation_table.h"
 
 namespace egfsvg {
 
-void ElementRow::run(CHandlerReader& reader, void* record, std::int32_t code, std::uint8_t slot,
-                     _svg_attrib_pair* pair) const {
-  if (slot == kPresentationSlot) {
-    const auto* head = static_cast<_svg_common*>(record);
-    applyPresentation(reader, {head->parent, record, &groups_}, code, pair);
-  } else {
-    actions_[slot](reader, record, pair);
-  }
+namespace {
+
+/// From the end of an attribute to the value of the next, when that has the most usual form, or 0.
+std::size_t lengthToUsualValue(const char* at, std::uint32_t& code) {
+  const char* name;
+  std::size_t nameLength;
+  int found;
+  const char* const value = behindUsualName(at, name, nameLength, found);
+  if (value == nullptr) return 0;
+  code = static_cast<std::uint32_t>(found);
+  return static_cast<std::size_t>(value - at);
 }
+
+}  // namespace
 
 void ElementRow::apply(CHandlerReader& reader, void* record, std::int32_t code,
                        _svg_attrib_pair* pair) const {
-  if (const std::uint8_t slot = slotOf(code)) run(reader, record, code, slot, pair);
+  if (static_cast<std::uint32_t>(code) >= kAttributeCodes) return;
+  const PlacedAction& action = actions_[static_cast<std::size_t>(code)];
+  if (action.run == nullptr) return;
+  action(reader, pair, {record, &groups_, static_cast<_svg_common*>(record)});
 }
 
 /// One attribute that is not of the most usual form. False at the end of the tag and at a syntax
@@ -39,17 +46,30 @@ void ElementRow::applyUsual(CHandlerReader& reader, void* record) const {
   cBuffer& source = reader.buffer;
   char* at = source.unreadText();
   if (at == nullptr) return;
+  const auto* head = static_cast<const _svg_common*>(record);
+  const ElementTarget target{record, &groups_, head};
+  AttributeGuess& guesses = reader.state.guesses;
   PairInPlace pair;
-  PlainAttribute found;
-  for (int code; scanUsual(at, found, code);) {
-    char* const value = at + (found.value - at);
-    const std::ptrdiff_t taken = found.next - at;
-    source.take(taken);
-    at += taken;
+  for (AttributeGuess::Place place = AttributeGuess::first(head->type);;) {
+    const NamePattern& guess = guesses.at(place);
+    std::uint32_t code = guess.code;
+    std::size_t before = guess.length;
+    if (!guess.opens(at)) [[unlikely]] {
+      before = lengthToUsualValue(at, code);
+      if (before == 0) return;
+      guesses.remember(place, code);
+    }
+    place = AttributeGuess::behind(code);
+    char* const value = at + before;
+    const char* const close = usualValueEnd(value);
+    if (close == nullptr || *close == '\0') return;
+    char* const quote = value + (close - value);
+    source.take(quote + 1 - at);
+    at = quote + 1;
     reader.stepGauge();
-    const std::uint8_t slot = slots_[static_cast<std::size_t>(code)];
-    if (slot == 0) continue;
-    pair.with(found, value, [&](_svg_attrib_pair* one) { run(reader, record, code, slot, one); });
+    const PlacedAction& action = actions_[code];
+    if (action.run == nullptr) continue;
+    pair.with(value, quote, [&](_svg_attrib_pair* one) { action(reader, one, target); });
   }
 }
 
@@ -62,32 +82,37 @@ int ElementRow::applyAll(CHandlerReader& reader, void* record) const {
 }
 
 // The rules of an id apply where the attribute stands.
-void setIdentifier(CHandlerReader& reader, void* record, _svg_attrib_pair* pair) {
+void setIdentifier(CHandlerReader& reader, void* record, _svg_attrib_pair* pair,
+                   const ElementTarget&) {
   auto* head = static_cast<_svg_common*>(record);
   reader.SetIDAtt(&head->id, pair);
   reader.SetStyleBasedOnIDSelector(record, head->type, pair->value);
 }
 
-void setDescription(CHandlerReader& reader, void* record, _svg_attrib_pair* pair) {
+void setDescription(CHandlerReader& reader, void* record, _svg_attrib_pair* pair,
+                    const ElementTarget&) {
   reader.SetDescAtt(static_cast<_svg_common*>(record), pair);
 }
 
-void setExternalResources(CHandlerReader& reader, void* record, _svg_attrib_pair* pair) {
+void setExternalResources(CHandlerReader& reader, void* record, _svg_attrib_pair* pair,
+                          const ElementTarget&) {
   reader.SetExternResReqAtt(static_cast<_svg_common*>(record), pair);
 }
 
 // Kept: of two class attributes the first gives the names, but the rules of both apply.
-void setClass(CHandlerReader& reader, void* record, _svg_attrib_pair* pair) {
+void setClass(CHandlerReader& reader, void* record, _svg_attrib_pair* pair, const ElementTarget&) {
   auto* head = static_cast<_svg_common*>(record);
   reader.SetClassNameAtt(head, pair);
   if (head->classCount >= 1) reader.SetStyleBasedOnClassSelector(record, head->type, pair->value);
 }
 
-void setTransform(CHandlerReader& reader, void* record, _svg_attrib_pair* pair) {
+void setTransform(CHandlerReader& reader, void* record, _svg_attrib_pair* pair,
+                  const ElementTarget&) {
   reader.SetTransformAtt(static_cast<_svg_common*>(record), pair);
 }
 
-void setOwnStyle(CHandlerReader& reader, void* record, _svg_attrib_pair* pair) {
+void setOwnStyle(CHandlerReader& reader, void* record, _svg_attrib_pair* pair,
+                 const ElementTarget&) {
   reader.SetLocalStyleAtt(record, pair->value, static_cast<_svg_common*>(record)->type);
 }
 

@@ -148,6 +148,15 @@ std::string rectOf(const std::string& text, Apply apply) {
   return textOf(result);
 }
 
+int applyEach(CHandlerReader& reader, _svg_rect& rect) {
+  ScratchPair scratch(reader.state);
+  for (;;) {
+    const int code = reader.GetNextAttribPair(&scratch.pair);
+    if (code == kAttNoMore || code == kAttSyntaxError) return code;
+    reader.SetRectAttribute(&rect, code, &scratch.pair);
+  }
+}
+
 TEST(ElementRow, AppliesWhatTheSetterDoesForEachAttribute) {
   static constexpr const char* kTexts[] = {" x=\"1\"",
                                            " y='2'",
@@ -174,15 +183,66 @@ TEST(ElementRow, AppliesWhatTheSetterDoesForEachAttribute) {
     const std::string whole = rectOf(text, [](CHandlerReader& reader, _svg_rect& rect) {
       return kRectRow.applyAll(reader, &rect);
     });
-    const std::string oneByOne = rectOf(text, [](CHandlerReader& reader, _svg_rect& rect) {
-      ScratchPair scratch(reader.state);
-      for (;;) {
-        const int code = reader.GetNextAttribPair(&scratch.pair);
-        if (code == kAttNoMore || code == kAttSyntaxError) return code;
-        reader.SetRectAttribute(&rect, code, &scratch.pair);
-      }
-    });
+    const std::string oneByOne = rectOf(text, applyEach);
     EXPECT_EQ(whole, oneByOne) << text;
+  }
+}
+
+/// All tags of the text applied to one rectangle each, with one reader: what an earlier tag leaves
+/// behind in the reader or in its block must not be seen.
+template <class Apply>
+std::vector<std::string> rectsOf(const std::string& text, Apply apply) {
+  TextReader reader(text);
+  std::vector<std::string> results;
+  for (int index; reader->GetNextTag(&index) != kTagEnd && reader->hasAttributes != 0;) {
+    _svg_rect rect;
+    initRect(&rect);
+    rect.head.type = kTagRect;
+    const int ended = apply(*reader, rect);
+    results.push_back(
+        textOf({ended, reader->buffer.getFileIndex(), rect.x, rect.y, rect.width, rect.height,
+                rect.fill.fillColor, rect.fill.fillOpacity, rect.stroke.strokeWidth.value}) +
+        (rect.head.id == nullptr ? "" : rect.head.id));
+    svg_DestroyObjectAtt(reinterpret_cast<char*>(&rect), kTagRect);
+  }
+  return results;
+}
+
+TEST(ElementRow, ForgetsWhatFormerTagsHad) {
+  static constexpr const char* kTexts[] = {" x=\"1\"",
+                                           " x1=\"2\"",
+                                           " y=\"3\"",
+                                           " width=\"4\"",
+                                           " widths=\"5\"",
+                                           " height=\"6\"",
+                                           " height=\" 7\"",
+                                           " id=\"a-longer-name-than-a-block\"",
+                                           " id=\"ninth\"",
+                                           " stroke-width=\"10\"",
+                                           " stroke-linejoin=\"round\"",
+                                           " fill=\"#0a0b0c\"",
+                                           "  fill=\"red\"",
+                                           " fill-opacity=\".25\"",
+                                           " id='elf'",
+                                           "id=\"twelve\""};
+  std::mt19937 random(14);
+  for (int round = 0; round < 300; ++round) {
+    std::string text;
+    std::vector<std::string> usual;
+    for (int i = 0; i < 4; ++i) usual.push_back(oneOf(random, kTexts));
+    for (int tag = 0; tag < 120; ++tag) {
+      text += "<rect";
+      for (const std::string& attribute : usual) {
+        if (random() % 8 != 0) text += attribute;
+        if (random() % 12 == 0) text += oneOf(random, kTexts);
+      }
+      text += random() % 4 == 0 ? ">" : "/>";
+    }
+    if (random() % 4 == 0) text[random() % text.size()] = '\0';
+    EXPECT_EQ(rectsOf(text, [](CHandlerReader& reader,
+                               _svg_rect& rect) { return kRectRow.applyAll(reader, &rect); }),
+              rectsOf(text, applyEach))
+        << text;
   }
 }
 
