@@ -16,16 +16,21 @@ namespace egfhost {
 // The largest payload; the first page of the cage is never given out.
 inline constexpr std::size_t kMaxPayload = kCageSize - kPageSize - kBlockOverhead;
 
-// True for the payload of a live block; any address may be asked about.
-inline bool isLiveBlock(const void* block) {
-  // No payload stands before this distance. Turned by the bits that alignment leaves 0, a distance
+// True for the payload of a live block; any distance from the start of the cage may be asked about.
+template <class Distance>
+inline bool isLiveAt(Distance distance) {
+  // No payload stands before the first one. Turned by the bits that alignment leaves 0, a distance
   // that is not aligned is beyond every end.
-  constexpr std::size_t kFirstPayload = kPageSize + kHeaderSize;
-  constexpr int kAlignmentBits = std::countr_zero(kHeaderSize);
-  const auto distance = static_cast<std::size_t>(static_cast<const char*>(block) - cageStart);
-  const std::size_t turned = std::rotr(distance - kFirstPayload, kAlignmentBits);
-  if (turned >= (cageReach - kPageSize) >> kAlignmentBits) return false;
-  return isLive(stateOf(static_cast<const BlockHeader*>(block) - 1));
+  constexpr Distance kFirstPayload = kPageSize + kHeaderSize;
+  static_assert(kHeaderSize == std::size_t{1} << kGrainShift);
+  const Distance turned = std::rotr(static_cast<Distance>(distance - kFirstPayload), kGrainShift);
+  if (turned >= readableGrains) return false;
+  return isLive(stateOf(reinterpret_cast<const BlockHeader*>(cageStart + distance) - 1));
+}
+
+// The same for any address.
+inline bool isLiveBlock(const void* block) {
+  return isLiveAt(static_cast<std::size_t>(static_cast<const char*>(block) - cageStart));
 }
 
 inline bool isSmall(std::size_t payload) { return payload <= kSlotMax - kBlockOverhead; }

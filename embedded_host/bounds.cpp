@@ -20,15 +20,38 @@ using namespace egfsvg;
 
 std::size_t positive(std::int64_t count) { return count > 0 ? static_cast<std::size_t>(count) : 0; }
 
-void polygonBox(const _egf_obj* object, HostHandle, Box& box) {
-  const auto* record = as<EgfPolygon>(object);
-  const PointArray points = record->points;
-  const std::size_t count = points ? positive(record->pointCount) : 0;
-  if (CurveBits::get(record->pen.modeFlags) == 1) {
-    includeCurves(box, points.get(), count);
+// The points of a polygon, a curve or a polyline.
+struct PointRun {
+  const _mpl_spacept_tag* at;
+  std::size_t count;
+  bool curve;
+};
+
+PointRun pointsOf(const EgfPolygon* polygon) {
+  const PointArray points = polygon->points;
+  return {points.get(), points ? positive(polygon->pointCount) : 0,
+          CurveBits::get(polygon->pen.modeFlags) == 1};
+}
+
+PointRun pointsOf(const EgfPolyline* polyline) {
+  const PointArray points = polyline->points;
+  return {points.get(), points ? polyline->pointCount : 0, false};
+}
+
+void include(Box& box, PointRun points) {
+  if (points.curve) {
+    includeCurves(box, points.at, points.count);
   } else {
-    box.include(points.get(), count);
+    box.include(points.at, points.count);
   }
+}
+
+void polygonBox(const _egf_obj* object, HostHandle, Box& box) {
+  include(box, pointsOf(as<EgfPolygon>(object)));
+}
+
+void polylineBox(const _egf_obj* object, HostHandle, Box& box) {
+  include(box, pointsOf(as<EgfPolyline>(object)));
 }
 
 void ellipseBox(const _egf_obj* object, HostHandle, Box& box) {
@@ -59,12 +82,6 @@ void arrowLineBox(const _egf_obj* object, HostHandle, Box& box) {
   for (const _mpl_spacept_tag& point : record->headPts) heads.include(point);
   // Head points that were never set stand at the origin, all of them.
   if (!isEmpty(heads.rect())) box.include(heads.rect());
-}
-
-void polylineBox(const _egf_obj* object, HostHandle, Box& box) {
-  const auto* record = as<EgfPolyline>(object);
-  const PointArray points = record->points;
-  box.include(points.get(), points ? record->pointCount : 0);
 }
 
 void textBox(const _egf_obj* object, HostHandle map, Box& box) {
@@ -166,21 +183,20 @@ _mpl_spacerect_tag unionOf(_mpl_spacerect_tag a, _mpl_spacerect_tag b) {
           std::min<float>(a.top, b.top), std::max<float>(a.bottom, b.bottom)};
 }
 
-void growPath(EgfPath* path, _mpl_spacerect_tag bounds) {
-  path->bounds = path->hasBounds != 0 ? unionOf(path->bounds, bounds) : bounds;
+// Grows the rectangle of a path by points. It is the rectangle itself that grows: of a curve that
+// does not leave it nothing more has to be known than that.
+void growPath(EgfPath* path, PointRun points) {
+  if (points.count == 0) return;
+  Box box = path->hasBounds != 0 ? Box(path->bounds) : Box();
+  include(box, points);
+  if (!box.isUnspoilt()) return;
+  path->bounds = box.rect();
   path->hasBounds = 1;
 }
 
-// True for a polygon or a curve none of whose points stands outside the rectangle of the path: a
-// curve keeps among its points, so this child can't make the path larger.
-bool keepsWithin(const EgfPath* path, const _egf_obj* child) {
-  if (child->layoutClass != kClassPolygon || path->hasBounds == 0) return false;
-  const PointArray points = as<EgfPolygon>(child)->points;
-  const std::size_t count = points ? positive(as<EgfPolygon>(child)->pointCount) : 0;
-  Box box;
-  box.include(path->bounds);
-  return std::all_of(points.get(), points.get() + count,
-                     [&](const _mpl_spacept_tag& point) { return box.holds(&point); });
+void growPath(EgfPath* path, _mpl_spacerect_tag bounds) {
+  path->bounds = path->hasBounds != 0 ? unionOf(path->bounds, bounds) : bounds;
+  path->hasBounds = 1;
 }
 
 // Texts are measured once: the rectangle that they keep holds until it is recomputed.
@@ -193,14 +209,17 @@ bool keptTextBounds(const _egf_obj* object, std::size_t slot, _mpl_spacerect_tag
 bool computeBounds(const _egf_obj* object, const BoundsRow& row, HostHandle map,
                    _mpl_spacerect_tag* bounds) {
   Box box;
-  // Most objects are polygons: those go the short way.
-  if (row.include == polygonBox) {
-    polygonBox(object, map, box);
-  } else if (row.include != nullptr) {
-    row.include(object, map, box);
-  }
+  if (row.include != nullptr) row.include(object, map, box);
   const bool usable = box.isUsable();
   *bounds = usable ? box.rect() : _mpl_spacerect_tag{};
+  return usable;
+}
+
+bool refreshPolygon(EgfPolygon* polygon) {
+  Box box;
+  include(box, pointsOf(polygon));
+  const bool usable = box.isUsable();
+  polygon->bounds = usable ? box.rect() : _mpl_spacerect_tag{};
   return usable;
 }
 
@@ -214,6 +233,8 @@ bool boundsOf(const _egf_obj* object, HostHandle map, _mpl_spacerect_tag* bounds
 }
 
 bool refreshBounds(_egf_obj* object, HostHandle map) {
+  // Most objects are polygons: those go the short way.
+  if (object->layoutClass == kClassPolygon) return refreshPolygon(as<EgfPolygon>(object));
   const BoundsRow& row = rowOf(object);
   _mpl_spacerect_tag bounds;
   const bool usable = computeBounds(object, row, map, &bounds);
@@ -223,7 +244,12 @@ bool refreshBounds(_egf_obj* object, HostHandle map) {
 
 void growContainer(_egf_obj* container, const _egf_obj* child, HostHandle map) {
   const bool isPath = container->layoutClass == kClassPath;
-  if (isPath && keepsWithin(as<EgfPath>(container), child)) return;
+  if (isPath && child->layoutClass == kClassPolyline) {
+    return growPath(as<EgfPath>(container), pointsOf(as<EgfPolyline>(child)));
+  }
+  if (isPath && child->layoutClass == kClassPolygon) {
+    return growPath(as<EgfPath>(container), pointsOf(as<EgfPolygon>(child)));
+  }
   _mpl_spacerect_tag bounds;
   if (!boundsOf(child, map, &bounds)) return;
   if (isPath) {

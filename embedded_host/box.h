@@ -12,6 +12,11 @@ namespace egfhost {
 
 class Box {
  public:
+  Box() = default;
+  // A box that is to grow from a rectangle, whose own values spoil nothing.
+  explicit Box(_mpl_spacerect_tag rect)
+      : low_(FloatPair::of(rect.left, rect.top)), high_(FloatPair::of(rect.right, rect.bottom)) {}
+
   void include(const _mpl_spacept_tag* points, std::size_t count) {
     Box grown = *this;  // in registers
     for (std::size_t i = 0; i < count; ++i) grown.include(FloatPair::at(points + i));
@@ -20,6 +25,12 @@ class Box {
   void include(_mpl_spacept_tag point) { include(FloatPair::at(&point)); }
   void include(double x, double y) {
     include(FloatPair::of(static_cast<float>(x), static_cast<float>(y)));
+  }
+  // Of equal values the first one stays.
+  void include(FloatPair point) {
+    low_ = lesser(point, low_);
+    high_ = greater(point, high_);
+    finite_.add(point);
   }
   void include(_mpl_spacerect_tag rect) {
     include(FloatPair::of(rect.left, rect.top));
@@ -31,22 +42,17 @@ class Box {
     return isBetween(low_, FloatPair::at(point), high_);
   }
 
+  // True when all points were finite.
+  bool isUnspoilt() const { return finite_.allFinite(); }
   // True when at least one point is in and all were finite.
   bool isUsable() const {
-    if (!finite_.allFinite()) return false;
+    if (!isUnspoilt()) return false;
     const _mpl_spacerect_tag all = rect();
     return all.left <= all.right;
   }
   _mpl_spacerect_tag rect() const { return rectBetween(low_, high_); }
 
  private:
-  // Of equal values the first one stays.
-  void include(FloatPair point) {
-    low_ = lesser(point, low_);
-    high_ = greater(point, high_);
-    finite_.add(point);
-  }
-
   static constexpr float kInfinity = std::numeric_limits<float>::infinity();
   FloatPair low_ = FloatPair::of(kInfinity, kInfinity);
   FloatPair high_ = FloatPair::of(-kInfinity, -kInfinity);

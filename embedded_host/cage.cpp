@@ -13,7 +13,7 @@ char* RMM_cageBase = nullptr;
 namespace egfhost {
 
 char* cageStart = nullptr;
-std::size_t cageReach = kPageSize;
+std::size_t readableGrains = 0;
 PageRun pageRuns[kCagePages];
 std::uint32_t pageOwner[kCagePages];
 
@@ -189,7 +189,7 @@ void mergeFree(std::uint32_t first, std::uint32_t pages, bool dirty) {
 
 void moveRunsEnd(std::uint32_t end) {
   state.runsEnd = end;
-  cageReach = std::size_t{end} << kPageShift;
+  readableGrains = std::size_t{end - 1} << (kPageShift - kGrainShift);
 }
 
 // Pages after the last ones ever used.

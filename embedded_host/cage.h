@@ -47,9 +47,10 @@ inline char* pageAddress(std::uint32_t page) {
 // Reserves the range, once. False when the system has no room for it.
 bool reserveCage();
 
-// Bytes of the cage that have been given out at some time, so that they can be read. The first page
-// counts among them though nobody has it.
-extern std::size_t cageReach;
+// Grains of 16 bytes behind the first page that have been given out at some time, so that they can
+// be read.
+inline constexpr int kGrainShift = 4;
+extern std::size_t readableGrains;
 
 // The first page of a new run for a large block; 0 when the cage is full.
 std::uint32_t takeLargeRun(std::uint32_t pages);

@@ -18,7 +18,8 @@ struct OwnedField {
   egfsvg::FieldCount count;
 };
 
-struct ObjectLayout {
+// Rows stand at multiples of a power of two, so that finding one is a shift.
+struct alignas(32) ObjectLayout {
   static constexpr std::size_t kMostOwned = 3;
 
   std::uint16_t size;         // bytes of the record; 0 for a class that does not exist

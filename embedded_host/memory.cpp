@@ -9,6 +9,7 @@
 #include "embedded_host/blocks.h"
 #include "embedded_host/fault.h"
 #include "embedded_host/host_memory.h"
+#include "embedded_host/memory_tally.h"
 #include "embedded_host/tree_memory.h"
 
 namespace egfhost {
@@ -21,34 +22,8 @@ namespace {
 constexpr std::size_t kRetiredBlocks = kPoisoning ? 4096 : 1;
 constexpr std::size_t kRetiredLargest = 65536;
 
-// What is live is kept as its distance from the peak: a call that raises the peak makes that
-// distance negative, which is the only time that the peak has to be looked at.
-struct Height {
-  std::uint64_t peak = 0;
-  std::int64_t below = 0;
-
-  std::uint64_t live() const { return peak - static_cast<std::uint64_t>(below); }
-  void rise(std::int64_t by) {
-    below -= by;
-    if (below < 0) {
-      peak -= static_cast<std::uint64_t>(below);
-      below = 0;
-    }
-  }
-  void fall(std::int64_t by) { below += by; }
-  void restart() {
-    peak = live();
-    below = 0;
-  }
-};
-
-// All that the allocator keeps besides the cage.
+// All that the allocator keeps besides the cage and its counts.
 struct MemoryState {
-  Height bytes;
-  Height blocks;
-  std::uint64_t allocations = 0;
-  std::uint64_t refusals = 0;
-  std::uint64_t badFrees = 0;
   std::uint64_t byteBudget = 0;
   std::uint64_t blockBudget = 0;
   std::array<BlockHeader*, kRetiredBlocks> retired{};
@@ -63,14 +38,14 @@ constinit MemoryState state{};
 // Whether budgets and armed faults let a call through that adds so many bytes and blocks.
 bool admits(std::uint64_t bytes, std::uint64_t blocks) {
   if (faultFails(FaultCall::RMM)) return false;
-  if (state.byteBudget != 0 && state.bytes.live() + bytes > state.byteBudget) return false;
-  return state.blockBudget == 0 || state.blocks.live() + blocks <= state.blockBudget;
+  if (state.byteBudget != 0 && memoryTally.bytes.live + bytes > state.byteBudget) return false;
+  return state.blockBudget == 0 || memoryTally.blocks.live + blocks <= state.blockBudget;
 }
 
 bool watched() { return unwatchedBelow == 0; }
 
 void* refuse() {
-  ++state.refusals;
+  ++memoryTally.refusals;
   return nullptr;
 }
 
@@ -89,12 +64,6 @@ EGFHOST_SEES_POISON inline void writeHeader(BlockHeader* header, Site site, std:
                                             std::size_t sizeClass, BlockState blockState) {
   *header = BlockHeader{site.file, static_cast<std::uint32_t>(size), site.shortLine(),
                         static_cast<std::uint8_t>(sizeClass), blockState};
-}
-
-void countNew(std::size_t bytes) {
-  state.bytes.rise(static_cast<std::int64_t>(bytes));
-  state.blocks.rise(1);
-  ++state.allocations;
 }
 
 // A slot of that class; null when the cage is full.
@@ -126,8 +95,20 @@ bool product(std::size_t count, std::size_t size, std::size_t& bytes) {
   if (watched() && !admits(bytes, 1)) return refuse();
   void* const block = place(bytes, bytes, site, BlockState::kLive);
   if (block == nullptr) return refuse();
-  countNew(bytes);
+  memoryTally.addBlock(bytes);
   return block;
+}
+
+// A small block; null when no slot is at hand.
+[[gnu::always_inline]] inline void* blockAtHand(std::size_t bytes, Site site) {
+  const std::size_t sizeClass = classForPayload(bytes);
+  BlockHeader* const header = slotAtHand(sizeClass);
+  if (header == nullptr) [[unlikely]]
+    return nullptr;
+  writeHeader(header, site, bytes, sizeClass, BlockState::kLive);
+  unpoison(payloadOf(header), bytes);
+  memoryTally.addBlock(bytes);
+  return payloadOf(header);
 }
 
 [[gnu::always_inline]] inline void* allocate(std::size_t count, std::size_t size, Site site) {
@@ -135,20 +116,28 @@ bool product(std::size_t count, std::size_t size, std::size_t& bytes) {
   const bool overflows = __builtin_mul_overflow(count, size, &bytes);
   if (overflows || bytes >= unwatchedBelow) [[unlikely]]
     return allocateWithCare(count, size, site);
-  const std::size_t sizeClass = classForPayload(bytes);
-  BlockHeader* const header = slotAtHand(sizeClass);
-  if (header == nullptr) [[unlikely]]
-    return allocateWithCare(count, size, site);
-  writeHeader(header, site, bytes, sizeClass, BlockState::kLive);
-  unpoison(payloadOf(header), bytes);
-  countNew(bytes);
-  return payloadOf(header);
+  void* const block = blockAtHand(bytes, site);
+  return block != nullptr ? block : allocateWithCare(count, size, site);
+}
+
+// Zeroes the payload of a small block with all that its size is rounded up to. Records have few
+// steps; the last one may overlap the one before.
+inline void zeroRecord(void* block, std::size_t bytes) {
+  constexpr std::size_t kStep = kSmallestRecord;
+  if (kPoisoning) {
+    std::memset(block, 0, bytes);
+    return;
+  }
+  auto* at = static_cast<char*>(block);
+  char* const end = at + ((bytes + kGrain - 1) & ~(kGrain - 1));
+  for (; at < end - kStep; at += kStep) std::memset(at, 0, kStep);
+  std::memset(end - kStep, 0, kStep);
 }
 
 [[gnu::noinline]] void reportBadBlock(const void* block) {
-  ++state.badFrees;
+  ++memoryTally.badFrees;
   // One place is enough to start from.
-  if (!kPoisoning || state.badFrees > 1) return;
+  if (!kPoisoning || memoryTally.badFrees > 1) return;
   std::fprintf(stderr, "egfhost: %p is no live block\n", block);
   printCallers();
 }
@@ -167,14 +156,9 @@ inline void retire(BlockHeader* header, std::size_t size) {
   if (oldest != nullptr) returnBlock(oldest);
 }
 
-inline void countFreed(std::size_t size) {
-  state.bytes.fall(static_cast<std::int64_t>(size));
-  state.blocks.fall(1);
-}
-
 inline void release(BlockHeader* header) {
   const std::size_t size = sizeOf(header);
-  countFreed(size);
+  memoryTally.removeBlocks(1, size);
   poison(payloadOf(header), size);
   retire(header, size);
 }
@@ -223,8 +207,9 @@ std::size_t roomToGrow(std::size_t room, std::size_t bytes) {
 }
 
 // A shrink moves to a smaller place when most of the old one would stay empty.
+constexpr std::size_t kSmallestWorthMoving = 512;
+
 bool wastes(std::size_t room, std::size_t before, std::size_t bytes) {
-  constexpr std::size_t kSmallestWorthMoving = 512;
   constexpr std::size_t kWastedShare = 3;
   return bytes < before && room >= kSmallestWorthMoving && bytes < room / kWastedShare;
 }
@@ -243,12 +228,7 @@ inline void* resize(BlockHeader* header, std::size_t bytes, Site site) {
   return grow(header, bytes, site);
 }
 
-void countResized(std::size_t before, std::size_t bytes) {
-  state.bytes.rise(static_cast<std::int64_t>(bytes - before));
-  ++state.allocations;
-}
-
-// Whatever is not a growth into room that the block has.
+// Whatever does not stay in the room that the block has.
 [[gnu::noinline]] void* reallocateWithCare(void* block, std::size_t count, std::size_t size,
                                            Site site) {
   if (!isLiveBlock(block)) {
@@ -262,7 +242,7 @@ void countResized(std::size_t before, std::size_t bytes) {
   if (watched() && !admits(bytes > before ? bytes - before : 0, 0)) return refuse();
   void* const resized = resize(header, bytes, site);
   if (resized == nullptr) return refuse();
-  countResized(before, bytes);
+  memoryTally.resizeBlock(before, bytes);
   return resized;
 }
 
@@ -279,7 +259,7 @@ void countResized(std::size_t before, std::size_t bytes) {
   std::memcpy(payloadOf(grown), payloadOf(header), before);
   poison(payloadOf(header), before);
   retire(header, before);
-  countResized(before, bytes);
+  memoryTally.resizeBlock(before, bytes);
   return payloadOf(grown);
 }
 
@@ -290,13 +270,12 @@ inline void* reallocate(void* block, std::size_t count, std::size_t size, Site s
     return reallocateWithCare(block, count, size, site);
   BlockHeader* const header = headerOf(block);
   const std::size_t before = sizeOf(header);
-  if (bytes > payloadRoom(header)) {
-    // Only a small block's room is less than a small payload.
-    return isSmall(bytes) ? growSmall(header, bytes, site)
-                          : reallocateWithCare(block, count, size, site);
-  }
-  if (bytes < before) return reallocateWithCare(block, count, size, site);
-  countResized(before, bytes);
+  const std::size_t room = payloadRoom(header);
+  // Only a small block's room is less than a small payload.
+  if (bytes > room && isSmall(bytes)) return growSmall(header, bytes, site);
+  const bool stays = bytes <= room && (bytes >= before || room < kSmallestWorthMoving);
+  if (!stays) return reallocateWithCare(block, count, size, site);
+  memoryTally.resizeBlock(before, bytes);
   return resizeInPlace(header, bytes, site);
 }
 
@@ -307,44 +286,13 @@ void renewAllocationWatch() {
   unwatchedBelow = looks ? 0 : kSlotMax - kBlockOverhead + 1;
 }
 
-void* zeroedBlock(std::size_t bytes, const char* file, int line) noexcept {
-  void* const block = allocate(1, bytes, {file, line});
-  if (block != nullptr) std::memset(block, 0, bytes);
+void* recordAtHand(std::size_t bytes, const char* file, int line) noexcept {
+  if (bytes >= unwatchedBelow) [[unlikely]]
+    return nullptr;
+  void* const block = blockAtHand(bytes, {file, line});
+  if (block != nullptr) zeroRecord(block, bytes);
   return block;
 }
-
-void freeWithTree(void* block) noexcept {
-  if (kPoisoning || !isLiveBlock(block)) {
-    RMM_Free(block);
-    return;
-  }
-  BlockHeader* const header = headerOf(block);
-  countFreed(sizeOf(header));
-  if (classOf(header) == kLargeClass) {
-    returnBlock(header);
-  } else {
-    giveUnlisted(header);
-  }
-}
-
-void endOfTree() noexcept { listTheUnlisted(); }
-
-MemoryCounters memoryCounters() {
-  return {.liveBytes = state.bytes.live(),
-          .liveBlocks = state.blocks.live(),
-          .peakBytes = state.bytes.peak,
-          .peakBlocks = state.blocks.peak,
-          .allocations = state.allocations,
-          .refusals = state.refusals,
-          .badFrees = state.badFrees};
-}
-
-void resetMemoryPeak() {
-  state.bytes.restart();
-  state.blocks.restart();
-}
-
-void clearBadFrees() { state.badFrees = 0; }
 
 void setByteBudget(std::uint64_t bytes) {
   state.byteBudget = bytes;

@@ -19,27 +19,28 @@ std::size_t bounded(std::int64_t count) {
   return count > 0 && count <= INT32_MAX ? static_cast<std::size_t>(count) : 0;
 }
 
-using FreeCall = void (*)(void*);
+// Frees blocks one by one, where TreeFreeing would take those of a whole tree.
+struct EachAlone {
+  void free(HostHandle block) { RMM_Free(egfsvg::at<void>(block)); }
+};
 
-template <FreeCall kFree>
-void freePalette(HostHandle handle) noexcept {
-  auto* list = egfsvg::at<_sel_colour_list>(handle);
-  if (list == nullptr) return;
-  kFree(list->colours.get());
-  kFree(list);
+template <class Freeing>
+void freePalette(HostHandle handle, Freeing& freeing) noexcept {
+  freeing.free(egfsvg::at<_sel_colour_list>(handle)->colours.offset);
+  freeing.free(handle);
 }
 
-template <FreeCall kFree>
-void freeOwned(const _egf_obj* object, const ObjectLayout& layout) noexcept {
+template <class Freeing>
+void freeOwned(const _egf_obj* object, const ObjectLayout& layout, Freeing& freeing) noexcept {
   for (const OwnedField& field : layout.owned()) {
     const auto handle = readPacked<HostHandle>(object, field.offset);
     if (handle == 0) continue;
     if (field.kind == FieldKind::kRaster) {
       releaseRaster(handle);
     } else if (field.kind == FieldKind::kPalette) {
-      freePalette<kFree>(handle);
+      freePalette(handle, freeing);
     } else {
-      kFree(cageStart + handle);
+      freeing.free(handle);
     }
   }
 }
@@ -106,33 +107,29 @@ void fetchAhead(const _egf_obj* object) {
   for (std::size_t i = 0; i < kLines; ++i) __builtin_prefetch(ahead + i * kCacheLine);
 }
 
-// Goes down to the first leaf, along its siblings, then up: a container's first child is forgotten
-// when its last one is gone, so that it is a leaf itself.
-template <FreeCall kFree>
-void freeEach(_egf_obj* object) noexcept {
-  _egf_obj* at = object;
+// The first object at or below one that has no children.
+_egf_obj* firstLeaf(_egf_obj* at) {
   for (;;) {
     fetchAhead(at);
-    const ObjectLayout& layout = layoutOf(at);
-    if (layout.childOffset != 0) {
-      const auto child = readPacked<ObjectLink>(at, layout.childOffset);
-      if (child) {
-        at = linked(child);
-        continue;
-      }
-    }
-    const bool isRoot = at == object;
+    const std::uint16_t offset = layoutOf(at).childOffset;
+    if (offset == 0) return at;
+    const auto child = readPacked<ObjectLink>(at, offset);
+    if (!child) return at;
+    at = linked(child);
+  }
+}
+
+// Each object goes after its children.
+template <class Freeing>
+void freeEach(_egf_obj* root, Freeing& freeing) noexcept {
+  _egf_obj* at = firstLeaf(root);
+  for (;;) {
     const ObjectLink next = at->next;
     const ObjectLink parent = at->parent;
-    freeOwned<kFree>(at, layout);
-    kFree(at);
-    if (isRoot) return;
-    if (next) {
-      at = linked(next);
-    } else {
-      at = linked(parent);
-      setChildren(at, nullptr, nullptr);
-    }
+    freeOwned(at, layoutOf(at), freeing);
+    freeing.free(linkTo(at).offset);
+    if (at == root) return;
+    at = next ? firstLeaf(linked(next)) : linked(parent);
   }
 }
 
@@ -178,12 +175,15 @@ _egf_obj* copyObject(const _egf_obj* object) {
   }
 }
 
-void freeObject(_egf_obj* object) noexcept { freeEach<RMM_Free>(object); }
+void freeObject(_egf_obj* object) noexcept {
+  EachAlone freeing;
+  freeEach(object, freeing);
+}
 
 void freeTreeOf(_egf_obj* root) noexcept {
   if (root == nullptr) return;
-  freeEach<freeWithTree>(root);
-  endOfTree();
+  TreeFreeing freeing;
+  freeEach(root, freeing);
 }
 
 }  // namespace egfhost

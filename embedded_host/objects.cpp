@@ -1,5 +1,7 @@
 #include "host/objects.h"
 
+#include <algorithm>
+
 #include "embedded_host/bounds.h"
 #include "embedded_host/fault.h"
 #include "embedded_host/object_tree.h"
@@ -16,24 +18,60 @@ constexpr std::uint8_t kDrawn = 1;
 constexpr int kSpecialFlag = 0x10;
 constexpr int kFailed = -1;
 
+constexpr bool isRecordSize(const egfhost::ObjectLayout& layout) {
+  return layout.size == 0 || layout.size >= egfhost::kSmallestRecord;
+}
+static_assert(std::ranges::all_of(egfhost::kLayouts, isRecordSize));
+
 bool isSpecial(int flags) { return (flags & kSpecialFlag) != 0; }
+
+_egf_obj* withHead(void* record, int objClass) {
+  auto* const object = static_cast<_egf_obj*>(record);
+  object->objClass = objClass;
+  object->objAttr = kDrawn;
+  object->layoutClass = static_cast<std::uint8_t>(objClass);
+  object->layerIndex = egfsvg::kNoLayer;
+  return object;
+}
+
+// Allocations that are watched, and those for which no room is at hand.
+[[gnu::noinline, gnu::cold]] _egf_obj* allocateWithCare(int objClass, const char* file, int line) {
+  if (egfhost::faultFails(egfhost::FaultCall::EEL_AllocObject)) return nullptr;
+  const egfhost::ObjectLayout* const layout = egfhost::layoutOfClass(objClass);
+  if (layout == nullptr) return nullptr;
+  void* const record = RMM_CallocName(1, layout->size, file, line);
+  return record == nullptr ? nullptr : withHead(record, objClass);
+}
+
+[[gnu::noinline]] int growBy(_egf_obj* path, const _egf_obj* child) {
+  egfhost::growContainer(path, child, 0);
+  return 0;
+}
+
+inline int append(_egf_obj* parent, _egf_obj* object) {
+  if (parent == nullptr || object == nullptr || object->parent) return kFailed;
+  if (!egfhost::isContainer(parent)) return kFailed;
+  egfhost::linkLast(parent, object);
+  return parent->layoutClass == egfsvg::kClassPath ? growBy(parent, object) : 0;
+}
+
+[[gnu::noinline, gnu::cold]] int appendUnderFaults(_egf_obj* parent, _egf_obj* object) {
+  if (egfhost::faultFails(egfhost::FaultCall::EEL_AppendObject)) return kFailed;
+  return append(parent, object);
+}
 
 }  // namespace
 
 extern "C" {
 
 _egf_obj* EEL_AllocObject(int objClass, const char* file, int line) {
-  using egfhost::FaultCall;
-  if (egfhost::faultFails(FaultCall::EEL_AllocObject)) return nullptr;
-  const egfhost::ObjectLayout* layout = egfhost::layoutOfClass(objClass);
-  if (layout == nullptr) return nullptr;
-  auto* object = static_cast<_egf_obj*>(egfhost::zeroedBlock(layout->size, file, line));
-  if (object == nullptr) return nullptr;
-  object->objClass = objClass;
-  object->objAttr = kDrawn;
-  object->layoutClass = static_cast<std::uint8_t>(objClass);
-  object->layerIndex = egfsvg::kNoLayer;
-  return object;
+  const egfhost::ObjectLayout* const layout = egfhost::layoutOfClass(objClass);
+  if (layout == nullptr) [[unlikely]]
+    return allocateWithCare(objClass, file, line);
+  void* const record = egfhost::recordAtHand(layout->size, file, line);
+  if (record == nullptr) [[unlikely]]
+    return allocateWithCare(objClass, file, line);
+  return withHead(record, objClass);
 }
 
 void EEL_DestroyObject(_egf_obj* object) {
@@ -43,12 +81,9 @@ void EEL_DestroyObject(_egf_obj* object) {
 }
 
 int EEL_AppendObject(_egf_obj* parent, _egf_obj* object) {
-  if (egfhost::faultFails(egfhost::FaultCall::EEL_AppendObject)) return kFailed;
-  if (parent == nullptr || object == nullptr || object->parent) return kFailed;
-  if (!egfhost::isContainer(parent)) return kFailed;
-  egfhost::linkLast(parent, object);
-  if (parent->layoutClass == egfsvg::kClassPath) egfhost::growContainer(parent, object, 0);
-  return 0;
+  if (egfhost::faultsArmed) [[unlikely]]
+    return appendUnderFaults(parent, object);
+  return append(parent, object);
 }
 
 int EEL_PutObject(_egf_obj* parent, _egf_obj* object, HostHandle map) {

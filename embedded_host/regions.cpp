@@ -20,16 +20,15 @@ EGFHOST_SEES_POISON void markFree(BlockHeader* header, std::size_t sizeClass, Bl
 
 // Makes slots of what is left of the open region.
 void useTheRest() {
-  const bool gap = smallBlocks.room <= kLargestGap;
-  while (smallBlocks.room >= kSlotMin) {
-    const std::size_t sizeClass = kSizeClasses.classWithin(smallBlocks.room);
+  const bool gap = smallBlocks.end - smallBlocks.next <= kLargestGap;
+  while (smallBlocks.end - smallBlocks.next >= kSlotMin) {
+    const std::size_t sizeClass = kSizeClasses.classWithin(smallBlocks.end - smallBlocks.next);
     markFree(headerAt(smallBlocks.next), sizeClass, gap ? BlockState::kGap : BlockState::kFree);
     if (!gap) {
-      pushSpare(smallBlocks.next, sizeClass);
+      pushSpare(static_cast<HostHandle>(smallBlocks.next), sizeClass);
       ++smallBlocks.regions[smallBlocks.open].slots;
     }
     smallBlocks.next += kSizeClasses.slotSize[sizeClass];
-    smallBlocks.room -= kSizeClasses.slotSize[sizeClass];
   }
 }
 
@@ -41,7 +40,7 @@ void closeRegion() {
   counts.live = static_cast<std::uint16_t>(counts.live - kOpenBias + smallBlocks.carved);
   useTheRest();
   smallBlocks.open = 0;
-  smallBlocks.room = 0;
+  smallBlocks.end = smallBlocks.next;
   smallBlocks.carved = 0;
   if (counts.live == 0) releaseRegion(region);
 }
@@ -64,8 +63,8 @@ bool openNewRegion() {
   if (smallBlocks.open != 0) closeRegion();
   poison(pageAddress(first), kRegionSize);
   smallBlocks.open = first / kRegionPages;
-  smallBlocks.next = first << kPageShift;
-  smallBlocks.room = kRegionSize;
+  smallBlocks.next = std::size_t{first} << kPageShift;
+  smallBlocks.end = smallBlocks.next + kRegionSize;
   smallBlocks.regions[smallBlocks.open] = {kOpenBias, 0, 0, 0};
   return true;
 }
@@ -79,6 +78,17 @@ void releaseRegion(std::size_t region) {
   }
   counts.unlisted = 0;
   releaseRun(static_cast<std::uint32_t>(region * kRegionPages));
+}
+
+void giveUnlisted(std::size_t region, std::uint32_t slots) {
+  RegionCounts& counts = smallBlocks.regions[region];
+  if (counts.unlisted == 0) {
+    counts.nextUnlisted = smallBlocks.firstUnlisted;
+    smallBlocks.firstUnlisted = static_cast<std::uint16_t>(region);
+  }
+  counts.unlisted = static_cast<std::uint16_t>(counts.unlisted + slots);
+  counts.live = static_cast<std::uint16_t>(counts.live - slots);
+  if (counts.live == 0) releaseRegion(region);
 }
 
 void listTheUnlisted() {
@@ -99,8 +109,7 @@ void listTheUnlisted() {
 }
 
 std::size_t carvedEnd(std::size_t region) {
-  const std::size_t uncarved = region == smallBlocks.open ? smallBlocks.room : 0;
-  return (region + 1) * kRegionSize - uncarved;
+  return region == smallBlocks.open ? smallBlocks.next : (region + 1) * kRegionSize;
 }
 
 }  // namespace egfhost

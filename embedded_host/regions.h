@@ -30,8 +30,8 @@ struct RegionCounts {
 struct SmallBlocks {
   std::array<HostHandle, kClasses> spares{};  // first free slot of each class, 0 for none
   std::uint32_t open = 0;                     // the region that is being carved, 0 for none
-  HostHandle next = 0;                        // where it goes on
-  std::uint32_t room = 0;                     // bytes left from there
+  std::size_t next = 0;                       // offset in the cage where it goes on
+  std::size_t end = 0;                        // where its room ends, `next` for none
   std::uint32_t carved = 0;                   // its slots so far
   std::uint16_t firstUnlisted = 0;            // regions with unlisted slots, chained; 0 ends
   std::array<RegionCounts, kRegions> regions{};
@@ -47,7 +47,7 @@ struct SpareLinks {
 inline SpareLinks* linksAt(HostHandle slot) {
   return reinterpret_cast<SpareLinks*>(cageStart + slot + kHeaderSize);
 }
-inline BlockHeader* headerAt(HostHandle slot) {
+inline BlockHeader* headerAt(std::size_t slot) {
   return reinterpret_cast<BlockHeader*>(cageStart + slot);
 }
 inline HostHandle slotOf(const BlockHeader* header) {
@@ -78,14 +78,13 @@ EGFHOST_SEES_POISON inline BlockHeader* slotAtHand(std::size_t sizeClass) {
     ++smallBlocks.regions[regionOf(spare)].live;
     return headerAt(spare);
   }
-  const std::uint32_t slotSize = kSizeClasses.slotSize[sizeClass];
-  if (slotSize > smallBlocks.room) [[unlikely]]
+  const std::size_t carved = smallBlocks.next;
+  const std::size_t end = carved + kSizeClasses.slotSize[sizeClass];
+  if (end > smallBlocks.end) [[unlikely]]
     return nullptr;
-  BlockHeader* const carved = headerAt(smallBlocks.next);
-  smallBlocks.next += slotSize;
-  smallBlocks.room -= slotSize;
+  smallBlocks.next = end;
   ++smallBlocks.carved;
-  return carved;
+  return headerAt(carved);
 }
 
 // Gives a slot back whose header says that it is free.
@@ -96,19 +95,10 @@ EGFHOST_SEES_POISON inline void giveSmall(BlockHeader* header, std::size_t sizeC
     releaseRegion(regionOf(slot));
 }
 
-// The same for the slots of a tree that goes as a whole: its regions mostly become empty, so that
-// listing them would be in vain. listTheUnlisted has to follow before anything is taken again.
-EGFHOST_SEES_POISON inline void giveUnlisted(BlockHeader* header) {
-  const std::size_t region = regionOf(slotOf(header));
-  RegionCounts& counts = smallBlocks.regions[region];
-  header->state = BlockState::kUnlisted;
-  if (counts.unlisted++ == 0) {
-    counts.nextUnlisted = smallBlocks.firstUnlisted;
-    smallBlocks.firstUnlisted = static_cast<std::uint16_t>(region);
-  }
-  if (--counts.live == 0) [[unlikely]]
-    releaseRegion(region);
-}
+// The same for so many slots of one region at once, whose headers say that they are unlisted. It is
+// for a tree that goes as a whole: its regions mostly become empty, so that listing their slots
+// would be in vain. listTheUnlisted has to follow before anything is taken again.
+void giveUnlisted(std::size_t region, std::uint32_t slots);
 
 // Puts the unlisted slots of the regions that are still there at hand.
 void listTheUnlisted();
@@ -121,7 +111,7 @@ template <class Visit>
 EGFHOST_SEES_POISON void forEachSlot(std::size_t region, Visit visit) {
   const std::size_t end = carvedEnd(region);
   for (std::size_t at = region * kRegionSize; at + kSlotMin <= end;) {
-    BlockHeader* const header = headerAt(static_cast<HostHandle>(at));
+    BlockHeader* const header = headerAt(at);
     at += kSizeClasses.slotSize[header->sizeClass];
     visit(header);
   }

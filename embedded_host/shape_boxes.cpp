@@ -5,10 +5,17 @@
 
 #include "embedded_host/angles.h"
 #include "embedded_host/bounds.h"
+#include "embedded_host/double_pair.h"
 
 namespace egfhost {
 
 namespace {
+
+// The hypotenuse, at once for an ellipse that stands upright: then it is as long as the other side.
+double hypotenuse(double a, double b) {
+  if (b == 0.0) return std::fabs(a);
+  return a == 0.0 ? std::fabs(b) : std::hypot(a, b);
+}
 
 // An ellipse about the origin, turned; angles run counter-clockwise.
 struct TurnedEllipse {
@@ -19,8 +26,8 @@ struct TurnedEllipse {
   // The page's y grows downward, so a counter-clockwise turn takes the sine's sign the other way.
   double x(Turn at) const { return turn.cosine * rx * at.cosine - turn.sine * ry * at.sine; }
   double y(Turn at) const { return -turn.sine * rx * at.cosine - turn.cosine * ry * at.sine; }
-  double halfWidth() const { return std::hypot(turn.cosine * rx, turn.sine * ry); }
-  double halfHeight() const { return std::hypot(turn.sine * rx, turn.cosine * ry); }
+  double halfWidth() const { return hypotenuse(turn.cosine * rx, turn.sine * ry); }
+  double halfHeight() const { return hypotenuse(turn.sine * rx, turn.cosine * ry); }
   // The angles at which x, and y, is largest.
   double rightmost() const { return std::atan2(-turn.sine * ry, turn.cosine * rx); }
   double lowest() const { return std::atan2(-turn.cosine * ry, -turn.sine * rx); }
@@ -34,40 +41,57 @@ bool isOnRun(double radians, std::int64_t start, std::int64_t sweep) {
   return ahead <= static_cast<double>(sweep);
 }
 
-// Both coordinates of a point, calculated with side by side.
-using Pair [[gnu::vector_size(2 * sizeof(double))]] = double;
-
-Pair pairOf(_mpl_spacept_tag point) { return Pair{point.x, point.y}; }
-
-// A cubic curve by its control points.
+// A cubic curve by its control points. Both coordinates are calculated with side by side.
 struct Cubic {
-  Pair p0, p1, p2, p3;
+  DoublePair p0, p1, p2, p3;
 
-  Pair at(double t) const {
-    const double u = 1.0 - t;
-    return u * u * u * p0 + 3.0 * u * u * t * p1 + 3.0 * u * t * t * p2 + t * t * t * p3;
+  // The weights of the control points at two places of the curve.
+  struct Weights {
+    DoublePair w0, w1, w2, w3;
+  };
+  static Weights weightsAt(DoublePair t) {
+    const DoublePair u = 1.0 - t;
+    return {u * u * u, 3.0 * u * u * t, 3.0 * u * t * t, t * t * t};
+  }
+  // The point at one of the two places.
+  template <int kPlace>
+  DoublePair at(const Weights& weights) const {
+    return twice<kPlace>(weights.w0) * p0 + twice<kPlace>(weights.w1) * p1 +
+           twice<kPlace>(weights.w2) * p2 + twice<kPlace>(weights.w3) * p3;
   }
 };
 
-void includeTurningPoint(Box& box, const Cubic& curve, double t) {
-  if (!(t > 0.0 && t < 1.0)) return;
-  const Pair point = curve.at(t);
-  box.include(point[0], point[1]);
+// The points at which a coordinate turns: where its derivative, a quadratic, is 0.
+struct TurningPlaces {
+  DoublePair first;  // of x and of y; no number, or beyond the ends, when there is none
+  DoublePair second;
+};
+
+PairMask isBetweenEnds(DoublePair place) { return (place > 0.0) & (place < 1.0); }
+
+TurningPlaces turningPlaces(const Cubic& curve) {
+  const DoublePair a = curve.p3 - 3.0 * curve.p2 + 3.0 * curve.p1 - curve.p0;
+  const DoublePair b = 2.0 * (curve.p2 - 2.0 * curve.p1 + curve.p0);
+  const DoublePair c = curve.p1 - curve.p0;
+  // The root of a negative discriminant is no number, and so is all that follows from it.
+  const DoublePair root = squareRoot(b * b - 4.0 * a * c);
+  // The form that divides by the sum keeps its digits when a is small.
+  const DoublePair q = -0.5 * (b + withSignOf(root, b));
+  return {c / q, q / a};
 }
 
-// The points at which a coordinate turns: where its derivative, a quadratic, is 0.
+// All four points are calculated, without a question that nobody could foresee the answer to; in
+// the place of one that is not on the curve stands its start, which the box has.
 void includeTurningPoints(Box& box, const Cubic& curve) {
-  const Pair a = curve.p3 - 3.0 * curve.p2 + 3.0 * curve.p1 - curve.p0;
-  const Pair b = 2.0 * (curve.p2 - 2.0 * curve.p1 + curve.p0);
-  const Pair c = curve.p1 - curve.p0;
-  const Pair discriminant = b * b - 4.0 * a * c;
-  for (int i = 0; i < 2; ++i) {
-    if (!(discriminant[i] >= 0.0)) continue;
-    // The form that divides by the sum keeps its digits when a is small.
-    const double q = -0.5 * (b[i] + std::copysign(std::sqrt(discriminant[i]), b[i]));
-    includeTurningPoint(box, curve, c[i] / q);
-    includeTurningPoint(box, curve, q / a[i]);
-  }
+  const TurningPlaces places = turningPlaces(curve);
+  const PairMask isFirst = isBetweenEnds(places.first);
+  const PairMask isSecond = isBetweenEnds(places.second);
+  const Cubic::Weights first = Cubic::weightsAt(places.first);
+  const Cubic::Weights second = Cubic::weightsAt(places.second);
+  box.include(rounded(chosen<0>(isFirst, curve.at<0>(first), curve.p0)));
+  box.include(rounded(chosen<0>(isSecond, curve.at<0>(second), curve.p0)));
+  box.include(rounded(chosen<1>(isFirst, curve.at<1>(first), curve.p0)));
+  box.include(rounded(chosen<1>(isSecond, curve.at<1>(second), curve.p0)));
 }
 
 void includeCurve(Box& box, const _mpl_spacept_tag* p) {
@@ -76,7 +100,7 @@ void includeCurve(Box& box, const _mpl_spacept_tag* p) {
   // A curve stays among its control points: when none of them stands outside, its points don't
   // either. Rounding changes nothing there: the largest and the smallest values are floats.
   if (box.holds(p + 1) && box.holds(p + 2)) return;
-  includeTurningPoints(box, {pairOf(p[0]), pairOf(p[1]), pairOf(p[2]), pairOf(p[3])});
+  includeTurningPoints(box, {doublesAt(p), doublesAt(p + 1), doublesAt(p + 2), doublesAt(p + 3)});
 }
 
 }  // namespace
@@ -109,10 +133,12 @@ void includeEllipse(Box& box, _mpl_spacept_tag center, double rx, double ry, std
 }
 
 void includeCurves(Box& box, const _mpl_spacept_tag* points, std::size_t count) {
-  // Points beyond the last whole curve are not drawn as a curve; they count by themselves.
+  Box grown = box;  // in registers
   std::size_t i = 0;
-  for (; i + 3 < count; i += 3) includeCurve(box, points + i);
-  box.include(points + i, count - i);
+  for (; i + 3 < count; i += 3) includeCurve(grown, points + i);
+  // Points beyond the last whole curve are not drawn as a curve; they count by themselves.
+  grown.include(points + i, count - i);
+  box = grown;
 }
 
 }  // namespace egfhost

@@ -230,6 +230,81 @@ TEST(ObjectMer, OfACurveIsThatOfEachCoordinateAlone) {
   }
 }
 
+// The box of a cubic, one coordinate at a time.
+void includeCubic(PlainBox& box, const _mpl_spacept_tag* p) {
+  const double x[] = {p[0].x, p[1].x, p[2].x, p[3].x};
+  const double y[] = {p[0].y, p[1].y, p[2].y, p[3].y};
+  box.include(x[0], y[0]);
+  box.include(x[3], y[3]);
+  for (const double t : turnsOf(x)) box.include(cubicAt(x, t), cubicAt(y, t));
+  for (const double t : turnsOf(y)) box.include(cubicAt(x, t), cubicAt(y, t));
+}
+
+// A path takes a short way to its rectangle: the same as that of all its children's own ones.
+TEST(ObjectMer, OfAPathIsThatOfItsChildrenTogether) {
+  std::mt19937 random(815);
+  std::uniform_real_distribution<double> anywhere(-100.0, 100.0);
+  constexpr double kOdd[] = {0.0, -0.0, 100.0, -100.0};
+  const auto number = [&](bool spoilt) {
+    if (spoilt && random() % 8 == 0) return random() % 2 == 0 ? kNaN : kInfinity;
+    return random() % 4 == 0 ? kOdd[random() % std::size(kOdd)] : anywhere(random);
+  };
+  for (int round = 0; round < 4000; ++round) {
+    const OwnedObject parent(path({}));
+    PlainBox all;
+    bool any = false;
+    for (unsigned child = random() % 6; child > 0; --child) {
+      const bool isCurve = random() % 2 == 0;
+      const bool spoilt = random() % 8 == 0;
+      Points points;
+      for (unsigned i = isCurve ? 1 + 3 * (random() % 4) : random() % 4; i > 0; --i) {
+        points.push_back({number(spoilt), number(spoilt)});
+      }
+      _egf_obj* const object = isCurve ? curve(points) : polyline(points);
+      ASSERT_EQ(EEL_AppendObject(parent.get(), object), 0);
+      const _mpl_spacept_tag* const stored =
+          isCurve ? as<EgfPolygon>(object)->points.get() : as<EgfPolyline>(object)->points.get();
+      PlainBox own;
+      std::size_t i = 0;
+      for (; isCurve && i + 3 < points.size(); i += 3) includeCubic(own, stored + i);
+      for (; i < points.size(); ++i) own.include(stored[i].x, stored[i].y);
+      if (!own.isUsable()) continue;
+      all.include(own.left, own.top);
+      all.include(own.right, own.bottom);
+      any = true;
+    }
+    EXPECT_EQ(any ? 1 : 0, as<EgfPath>(parent.get())->hasBounds) << round;
+    if (any) expectSameBox(all, as<EgfPath>(parent.get())->bounds);
+    ASSERT_FALSE(testing::Test::HasFailure()) << round;
+  }
+}
+
+// An ellipse that stands upright is measured without its hypotenuses.
+TEST(ObjectMer, OfAnUprightEllipseIsThatOfItsHypotenuses) {
+  std::mt19937 random(4242);
+  std::uniform_real_distribution<double> anywhere(-1000.0, 1000.0);
+  for (int round = 0; round < 4000; ++round) {
+    const int quarters = static_cast<int>(random() % 9) - 4;
+    const double ry = random() % 8 == 0 ? 0.0 : anywhere(random);
+    const OwnedObject object(
+        ellipse(anywhere(random), anywhere(random), anywhere(random), ry, {}, 90.0 * quarters));
+    const auto* const record = as<EgfEllipse>(object.get());
+    const _mpl_spacept_tag center = record->center;
+    const _mpl_spacept_tag corner = record->radiusPt;
+    const double width = std::fabs(double{corner.x} - center.x);
+    const double height = std::fabs(double{corner.y} - center.y);
+    const double cosine = quarters % 2 == 0 ? 1 : 0;
+    const double halfWidth = std::hypot(cosine * width, (1 - cosine) * height);
+    const double halfHeight = std::hypot((1 - cosine) * width, cosine * height);
+    PlainBox plain;
+    plain.include(center.x - halfWidth, center.y - halfHeight);
+    plain.include(center.x + halfWidth, center.y + halfHeight);
+    _mpl_spacerect_tag mer;
+    ASSERT_EQ(EEL_GetObjectMer(object.get(), &mer, 0), 0);
+    expectSameBox(plain, mer);
+  }
+}
+
 TEST(ObjectMer, OfATurnedPartOfAnEllipseHoldsEveryPointAndNoMore) {
   const double rx = 20, ry = 7;
   for (const double rotation : {0.0, 17.0, 90.0, 123.0, -45.0}) {

@@ -169,6 +169,7 @@ TEST_F(MemoryTest, TheRoomOfTreesIsTakenAgain) {
   constexpr int kObjects = 3000;
   std::vector<void*> staying;
   std::uint64_t highest = 0;
+  const MemoryCounters before = memoryCounters();
   for (int round = 0; round < kRounds; ++round) {
     const HostHandle tree = createTree(0);
     ASSERT_NE(0u, tree);
@@ -187,6 +188,8 @@ TEST_F(MemoryTest, TheRoomOfTreesIsTakenAgain) {
       }
     }
     freeTree(tree);
+    EXPECT_EQ(before.liveBlocks + staying.size(), memoryCounters().liveBlocks);
+    EXPECT_EQ(before.liveBytes + 24 * staying.size(), memoryCounters().liveBytes);
   }
   for (void* const block : staying) RMM_Free(block);
   void* const most = RMM_AllocName(1, 3 * kGiB, RMM_SITE);
@@ -238,6 +241,62 @@ TEST_F(MemoryTest, CountersFollowTheSizesAskedFor) {
   EXPECT_EQ(before.liveBytes, memoryCounters().liveBytes);
   EXPECT_EQ(nullptr, RMM_AllocName(0x40000000, 8, RMM_SITE));
   EXPECT_EQ(before.refusals + 1, memoryCounters().refusals);
+}
+
+// Counters over a random life, against sums that are kept beside it.
+TEST_F(MemoryTest, CountersAreThoseOfAModel) {
+  const MemoryCounters before = memoryCounters();
+  resetMemoryPeak();
+  MemoryCounters expected = before;
+  expected.peakBytes = before.liveBytes;
+  expected.peakBlocks = before.liveBlocks;
+  std::mt19937 random(2718);
+  std::vector<std::pair<void*, std::size_t>> known;
+  const auto change = [&](std::size_t from, std::size_t to, std::uint64_t blocks) {
+    expected.liveBytes += to - from;
+    expected.liveBlocks += blocks;
+    expected.peakBytes = std::max(expected.peakBytes, expected.liveBytes);
+    expected.peakBlocks = std::max(expected.peakBlocks, expected.liveBlocks);
+  };
+  for (int step = 0; step < 20000; ++step) {
+    const unsigned what = random() % 5;
+    const std::size_t size = random() % (random() % 10 == 0 ? 20000 : 300);
+    if (known.empty() || what < 2) {
+      void* const block = RMM_AllocName(1, size, RMM_SITE);
+      ASSERT_NE(nullptr, block);
+      known.push_back({block, size});
+      change(0, size, 1);
+      ++expected.allocations;
+      continue;
+    }
+    auto& each = known[random() % known.size()];
+    if (what == 2) {
+      each.first = RMM_ReAllocName(each.first, 1, size, RMM_SITE);
+      change(each.second, size, 0);
+      ++expected.allocations;
+      each.second = size;
+    } else {
+      RMM_Free(each.first);
+      change(each.second, 0, ~std::uint64_t{0});
+      each = known.back();
+      known.pop_back();
+    }
+    if (random() % 500 == 0) {
+      resetMemoryPeak();
+      expected.peakBytes = expected.liveBytes;
+      expected.peakBlocks = expected.liveBlocks;
+    }
+    if (random() % 8 != 0) continue;
+    const MemoryCounters now = memoryCounters();
+    ASSERT_EQ(expected.liveBytes, now.liveBytes) << step;
+    ASSERT_EQ(expected.liveBlocks, now.liveBlocks) << step;
+    ASSERT_EQ(expected.peakBytes, now.peakBytes) << step;
+    ASSERT_EQ(expected.peakBlocks, now.peakBlocks) << step;
+    ASSERT_EQ(expected.allocations, now.allocations) << step;
+  }
+  for (const auto& each : known) RMM_Free(each.first);
+  EXPECT_EQ(before.liveBytes, memoryCounters().liveBytes);
+  EXPECT_EQ(before.liveBlocks, memoryCounters().liveBlocks);
 }
 
 TEST_F(MemoryTest, SitesOfLiveBlocksAreListed) {
