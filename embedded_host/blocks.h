@@ -36,7 +36,7 @@ inline bool isLiveBlock(const void* block) {
 inline bool isSmall(std::size_t payload) { return payload <= kSlotMax - kBlockOverhead; }
 
 // The class of a small payload.
-inline std::size_t classForPayload(std::size_t payload) {
+constexpr std::size_t classForPayload(std::size_t payload) {
   return kSizeClasses.classFor(payload + kBlockOverhead);
 }
 

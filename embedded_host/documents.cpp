@@ -23,7 +23,7 @@ void freePalette(HostHandle palette) {
 }
 
 egfsvg::EgfTreeBlock* treeBlock(HostHandle handle) {
-  if (!isLiveBlock(cageStart + handle) || !isTree(handle)) return nullptr;
+  if (!isLiveAt(handle) || !isTree(handle)) return nullptr;
   return egfsvg::at<egfsvg::EgfTreeBlock>(handle);
 }
 
@@ -106,12 +106,13 @@ void View::setPalette(HostHandle palette) {
 }
 
 Document* documentOf(HostHandle handle) {
-  if (HostObject* const object = hostObject(handle)) {
+  if (!isLiveAt(handle)) return nullptr;
+  if (HostObject* const object = taggedObject(handle)) {
     if (object->kind() == HostKind::kDocument) return static_cast<Document*>(object);
     return object->kind() == HostKind::kView ? static_cast<View*>(object)->document() : nullptr;
   }
-  const egfsvg::EgfTreeBlock* const block = treeBlock(handle);
-  return block == nullptr ? nullptr : hostObjectAs<Document>(block->document);
+  if (!isTree(handle)) return nullptr;
+  return hostObjectAs<Document>(egfsvg::at<egfsvg::EgfTreeBlock>(handle)->document);
 }
 
 }  // namespace egfhost

@@ -8,6 +8,7 @@
 #include <new>
 #include <utility>
 
+#include "embedded_host/blocks.h"
 #include "host/memory.h"
 #include "host/wire.h"
 
@@ -48,8 +49,26 @@ class HostObject {
 // Makes the tag that gives an object its handle; false when memory is short.
 bool attachHandle(HostObject* object, const char* file, int line);
 
+// What stands in the cage at a handle.
+struct HandleTag {
+  // The low half is no first word of a tree block or a layer block.
+  static constexpr std::uint32_t kLive = 0x4c444e48;
+
+  std::uint32_t mark;  // kLive while the object lives
+  HostKind kind;
+  HostObject* object;
+};
+
+// What a live block at a handle is the tag of; null when it is no tag (any more).
+inline HostObject* taggedObject(HostHandle liveBlock) {
+  const auto* const tag = reinterpret_cast<const HandleTag*>(cageStart + liveBlock);
+  return tag->mark == HandleTag::kLive ? tag->object : nullptr;
+}
+
 // The object behind a handle; null for 0 and for what is no handle (any more).
-HostObject* hostObject(HostHandle handle);
+inline HostObject* hostObject(HostHandle handle) {
+  return isLiveAt(handle) ? taggedObject(handle) : nullptr;
+}
 
 // Ends an object and its handle, whatever references are left. Null is allowed.
 void endHostObject(HostObject* object);

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <span>
 
+#include "embedded_host/tree_memory.h"
 #include "host/egf_rows.h"
 
 namespace egfhost {
@@ -22,7 +23,7 @@ struct OwnedField {
 struct alignas(32) ObjectLayout {
   static constexpr std::size_t kMostOwned = 3;
 
-  std::uint16_t size;         // bytes of the record; 0 for a class that does not exist
+  RecordRoom room;            // of no bytes for a class that does not exist
   std::uint16_t childOffset;  // of the first-child link, the last-child link follows it; 0 for none
   std::uint8_t ownedCount;
   std::array<OwnedField, kMostOwned> ownedFields;  // without the children
@@ -34,7 +35,7 @@ inline constexpr std::size_t kLayoutCount = egfsvg::kClassHotspot + 1;
 
 consteval ObjectLayout layoutFrom(const egfsvg::RecordRow& record) {
   ObjectLayout layout{};
-  layout.size = static_cast<std::uint16_t>(record.size);
+  layout.room = roomForRecord(record.size);
   for (const egfsvg::FieldRow& row : record.fields) {
     if (row.kind == egfsvg::FieldKind::kFirstChild) {
       layout.childOffset = row.offset;
@@ -59,7 +60,7 @@ inline constexpr std::array<ObjectLayout, kLayoutCount> kLayouts = allLayouts();
 inline const ObjectLayout* layoutOfClass(int objClass) {
   if (objClass < 0 || static_cast<std::size_t>(objClass) >= kLayoutCount) return nullptr;
   const ObjectLayout& layout = kLayouts[static_cast<std::size_t>(objClass)];
-  return layout.size == 0 ? nullptr : &layout;
+  return layout.room.bytes == 0 ? nullptr : &layout;
 }
 
 // The layout of an object that EEL_AllocObject made.

@@ -100,8 +100,8 @@ bool product(std::size_t count, std::size_t size, std::size_t& bytes) {
 }
 
 // A small block; null when no slot is at hand.
-[[gnu::always_inline]] inline void* blockAtHand(std::size_t bytes, Site site) {
-  const std::size_t sizeClass = classForPayload(bytes);
+[[gnu::always_inline]] inline void* blockAtHand(std::size_t bytes, std::size_t sizeClass,
+                                                Site site) {
   BlockHeader* const header = slotAtHand(sizeClass);
   if (header == nullptr) [[unlikely]]
     return nullptr;
@@ -116,7 +116,7 @@ bool product(std::size_t count, std::size_t size, std::size_t& bytes) {
   const bool overflows = __builtin_mul_overflow(count, size, &bytes);
   if (overflows || bytes >= unwatchedBelow) [[unlikely]]
     return allocateWithCare(count, size, site);
-  void* const block = blockAtHand(bytes, site);
+  void* const block = blockAtHand(bytes, classForPayload(bytes), site);
   return block != nullptr ? block : allocateWithCare(count, size, site);
 }
 
@@ -286,11 +286,11 @@ void renewAllocationWatch() {
   unwatchedBelow = looks ? 0 : kSlotMax - kBlockOverhead + 1;
 }
 
-void* recordAtHand(std::size_t bytes, const char* file, int line) noexcept {
-  if (bytes >= unwatchedBelow) [[unlikely]]
+void* recordAtHand(RecordRoom room, const char* file, int line) noexcept {
+  if (watched()) [[unlikely]]
     return nullptr;
-  void* const block = blockAtHand(bytes, {file, line});
-  if (block != nullptr) zeroRecord(block, bytes);
+  void* const block = blockAtHand(room.bytes, room.sizeClass, {file, line});
+  if (block != nullptr) zeroRecord(block, room.bytes);
   return block;
 }
 

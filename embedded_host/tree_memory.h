@@ -2,15 +2,26 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 
 #include "embedded_host/blocks.h"
 
 namespace egfhost {
 
-// A block as RMM_CallocName gives it, for the record of an object; null when there is none at hand
-// or allocations are watched, so that RMM_CallocName is to be asked.
-void* recordAtHand(std::size_t bytes, const char* file, int line) noexcept;
+// The bytes of an object's record and the class of the slot that it takes.
+struct RecordRoom {
+  std::uint16_t bytes;
+  std::uint8_t sizeClass;
+};
 inline constexpr std::size_t kSmallestRecord = 32;  // bytes
+
+consteval RecordRoom roomForRecord(std::size_t bytes) {
+  return {static_cast<std::uint16_t>(bytes), static_cast<std::uint8_t>(classForPayload(bytes))};
+}
+
+// A block as RMM_CallocName gives it, for a record; null when there is none at hand or allocations
+// are watched, so that RMM_CallocName is to be asked.
+void* recordAtHand(RecordRoom room, const char* file, int line) noexcept;
 
 // Frees the blocks of a whole tree. That is cheaper than freeing them one by one: what stands
 // beside each other in a region is counted together, and the room that is left is put in order at
