@@ -6,18 +6,48 @@
 #include <system_error>
 
 #include "model/characters.h"
-#include "model/plain_decimal.h"
+#include "model/short_decimal.h"
 
 namespace egfsvg {
 
 namespace {
 
-using detail::kExactInteger;
-using detail::kPowersOfTen;
-
-constexpr int kSafeDigits = 19;                       // always fit in 64 bits
-constexpr int kExactPower = 22;                       // powers of ten up to here are exact doubles
+constexpr std::uint64_t kExactInteger = 1ULL << 53;  // integers up to here are exact doubles
+constexpr double kPowersOfTen[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                   1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                                   1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+constexpr std::ptrdiff_t kPlainDigits = 18;  // always fit in 64 bits, leading zeros and all
+constexpr int kSafeDigits = 19;              // always fit in 64 bits
+constexpr int kExactPower = 22;              // powers of ten up to here are exact doubles
 constexpr std::int64_t kExponentCap = 1'000'000'000;  // far outside any double
+
+/// The digits at `at`, appended to `number`; where they end.
+const char* takeDigits(const char* at, const char* last, std::uint64_t* number) {
+  for (; at != last && static_cast<unsigned char>(*at - '0') < 10; ++at) {
+    *number = *number * 10 + static_cast<std::uint64_t>(*at - '0');
+  }
+  return at;
+}
+
+/// A number of up to 18 digits, one by one. Null, with `value` as it was, for any other form.
+const char* longDecimal(const char* first, const char* last, double* value) {
+  const bool negative = first != last && *first == '-';
+  const char* const digits = first + (negative ? 1 : 0);
+  std::uint64_t mantissa = 0;
+  const char* at = takeDigits(digits, last, &mantissa);
+  std::ptrdiff_t count = at - digits;
+  std::ptrdiff_t decimals = 0;
+  if (at != last && *at == '.') {
+    const char* const fraction = at + 1;
+    at = takeDigits(fraction, last, &mantissa);
+    decimals = at - fraction;
+    count += decimals;
+  }
+  if (count == 0 || count > kPlainDigits || mantissa > kExactInteger) return nullptr;
+  const double magnitude = static_cast<double>(mantissa) / kPowersOfTen[decimals];
+  *value = negative ? -magnitude : magnitude;
+  return at;
+}
 
 /// A number's text taken apart.
 struct Decimal {
@@ -93,6 +123,17 @@ double convert(const char* first, const char* last, const Decimal& number) {
 }
 
 }  // namespace
+
+const char* plainDecimal(const char* first, const char* last, double* value) {
+  const char* end = nullptr;
+  if (last - first >= kShortDecimalReach) {
+    const ShortDecimal number = ShortDecimal::scan(first);
+    end = number.end();
+    if (end != nullptr) *value = number.value();
+  }
+  if (end == nullptr) end = longDecimal(first, last, value);
+  return end == nullptr || (end != last && (*end | ('a' - 'A')) == 'e') ? nullptr : end;
+}
 
 double decimalPrefix(const char* first, const char* last, const char** end) {
   double plain = 0.0;

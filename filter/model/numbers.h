@@ -19,6 +19,11 @@ double decimalPrefix(const char* first, const char* last, const char** end = nul
 /// The same for a terminated text; null gives 0.0.
 double decimalPrefix(const char* text);
 
+/// A number of the usual form, minus sign, digits and point, at the start of [first, last). Its
+/// value is the one that decimalPrefix gives, and the result is its end. Null for any other form,
+/// also for a number with an exponent; `value` is undefined then.
+const char* plainDecimal(const char* first, const char* last, double* value);
+
 /// White space, sign and digits as an integer; 0 without digits, saturating at both ends. `end` as
 /// above.
 std::int32_t saturatingInteger(const char* first, const char* last, const char** end = nullptr);

@@ -5,7 +5,7 @@
 
 #include "model/characters.h"
 #include "model/numbers.h"
-#include "model/plain_decimal.h"
+#include "model/short_decimal.h"
 #include "model/units.h"
 #include "model/value_parser.h"
 #include "reader/lengths.h"
@@ -50,12 +50,10 @@ const char* lengthUnitEnd(const char* first, const char* last) {
 /// A short number that is the whole text of a pair, in pixels; false, with nothing done, for any
 /// other text. The block behind the text may be read, so its length need not be known.
 bool readPlainPixels(_svg_value* out, const _svg_attrib_pair& pair) {
-  const char* const blockEnd = pair.value + pair.valueSize;
-  const bool negative = *pair.value == '-';
-  double value = 0.0;
-  const char* const end = shortDecimal(pair.value + (negative ? 1 : 0), blockEnd, &value);
-  if (end == nullptr || end == blockEnd || *end != '\0') return false;
-  out->value = detail::withSign(value, negative);
+  if (pair.valueSize < kShortDecimalReach) return false;
+  const ShortDecimal number = ShortDecimal::scan(pair.value);
+  if (number.end() == nullptr || *number.end() != '\0') return false;
+  out->value = number.value();
   out->unit = kUnitPixel;
   return true;
 }

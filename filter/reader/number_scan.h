@@ -7,7 +7,6 @@
 
 #include "model/characters.h"
 #include "model/numbers.h"
-#include "model/plain_decimal.h"
 
 namespace egfsvg {
 

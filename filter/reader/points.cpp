@@ -1,48 +1,62 @@
 // The points attribute of polylines and polygons.
 
-#include <cstring>
-
-#include "model/plain_decimal.h"
-#include "model/rmm_allocator.h"
+#include "model/gathered_array.h"
+#include "model/short_decimal.h"
 #include "reader/number_scan.h"
 #include "reader/svg_handlerreader.h"
+#include "reader/value_text.h"
 
 namespace egfsvg {
 
 namespace {
 
-// A coordinate of any form.
-[[gnu::noinline]] const char* readOddCoordinate(double& out, const char* at, const char* last,
-                                                NumberRule rule) {
-  const char* end = plainDecimal(at, last, &out);
-  if (end != nullptr && (end == last || isListSeparator(*end)) && end - at <= kListTokenSize) {
-    return end;
-  }
-  const NumberSpan span = rule(at, last);
-  out = decimalPrefix(at, span.end);
-  return span.next;
-}
+constexpr std::ptrdiff_t kNearPoints = 64;
+using Points = GatheredArray<_svg_point, kNearPoints>;
 
 // Kept: both coordinates refer to the width, and units in the text are not honoured.
 const char* readCoordinate(_svg_value& out, const char* at, const char* last, NumberRule rule) {
   out = pixels(0.0, kAxisWidth);
-  const bool negative = *at == '-';
-  const char* const end = shortDecimal(at + (negative ? 1 : 0), last, &out.value);
-  // Where a plain number ends at a separator, every rule ends it there.
-  if (end == nullptr || (end != last && !isListSeparator(*end))) [[unlikely]] {
-    return readOddCoordinate(out.value, at, last, rule);
+  const char* end = plainDecimal(at, last, &out.value);
+  if (end != nullptr && (end == last || isListSeparator(*end)) && end - at <= kListTokenSize) {
+    return end;
   }
-  out.value = detail::withSign(out.value, negative);
-  return end;
+  const NumberSpan span = rule(at, last);
+  out.value = decimalPrefix(at, span.end);
+  return span.next;
+}
+
+/// Takes points of the usual form, two short numbers with one separator behind each, as many as
+/// follow. Every rule reads these alike. Where another text follows, or the end.
+const char* readPlainPoints(Points& points, const char* at, const ValueText& text) {
+  constexpr std::ptrdiff_t kReach = 2 * kShortDecimalReach;
+  if (text.readable - at < kReach) return at;
+  const char* const lastStart = text.readable - kReach;
+  _svg_point* place = points.next();
+  for (; place != points.full() && at <= lastStart; ++place) {
+    const ShortDecimal x = ShortDecimal::scan(at);
+    if (x.end() == nullptr || !isListSeparator(*x.end())) break;
+    const ShortDecimal y = ShortDecimal::scan(x.end() + 1);
+    if (y.end() == nullptr) break;
+    const bool separated = isListSeparator(*y.end());
+    if (!separated && y.end() != text.last) break;
+    place->x.unit = place->y.unit = kUnitPixel;
+    place->x.axis = place->y.axis = kAxisWidth;
+    ShortDecimal::values(x, y, place->x.value, place->y.value);
+    at = y.end() + (separated ? 1 : 0);
+  }
+  points.setNext(place);
+  return at;
 }
 
 // A lone coordinate at the end counts for nothing. False without memory.
-bool readPoints(GrowingArray<_svg_point>& points, const char* at, const char* last,
-                NumberRule rule) {
-  _svg_point point{};
+bool readPoints(Points& points, const ValueText& text, NumberRule rule) {
+  const char* const last = text.last;
+  const char* at = text.first;
   for (;;) {
+    at = readPlainPoints(points, at, text);
     at = skipListSeparators(at, last);
     if (at == last) return true;
+    _svg_point point;
     at = skipListSeparators(readCoordinate(point.x, at, last, rule), last);
     if (at == last) return true;
     at = readCoordinate(point.y, at, last, rule);
@@ -59,10 +73,11 @@ bool readPoints(GrowingArray<_svg_point>& points, const char* at, const char* la
 _svg_point* CHandlerReader::SetPointsAtt(int* count, _svg_attrib_pair* pair) {
   if (count == nullptr || pair == nullptr || pair->value == nullptr) return nullptr;
   *count = 0;
-  egfsvg::GrowingArray<_svg_point> points(RMM_SITE);
-  const char* last = pair->value + std::strlen(pair->value);
+  egfsvg::Points points(RMM_SITE);
   const auto rule = egfsvg::listNumberRule(state.settings.compactNumbers);
-  if (!egfsvg::readPoints(points, pair->value, last, rule)) return nullptr;
-  *count = points.count();
-  return points.release();
+  if (!egfsvg::readPoints(points, egfsvg::textOf(*pair), rule)) return nullptr;
+  const int gathered = points.count();
+  _svg_point* const block = points.release();
+  if (block != nullptr) *count = gathered;
+  return block;
 }

@@ -1,6 +1,8 @@
 // Attributes of the basic shapes and of paths.
 
 #include "reader/attribute_rows.h"
+#include "reader/path_text.h"
+#include "reader/value_text.h"
 
 namespace egfsvg {
 
@@ -55,7 +57,9 @@ void setPoints(Reader& reader, void* record, Pair* pair, const ElementTarget&) {
 }
 
 void setPathData(Reader& reader, void* record, Pair* pair, const ElementTarget&) {
-  reader.SetPathAtt(static_cast<_svg_path*>(record), pair->value);
+  if (pair->value != nullptr) {
+    readPathData(reader, static_cast<_svg_path*>(record), textOf(*pair));
+  }
 }
 
 constexpr ActionRow kRectActions[] = {{kAttX, setLength, offsetof(_svg_rect, x)},

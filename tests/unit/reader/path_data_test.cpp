@@ -7,9 +7,11 @@
 #include <random>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "model/lifecycle.h"
 #include "model/path_commands.h"
+#include "reader/path_text.h"
 #include "reader/svg_handlerreader.h"
 
 namespace egfsvg {
@@ -32,10 +34,16 @@ std::string textOf(const _svg_path_data& d) {
   std::string text(1, kLetters[static_cast<std::size_t>(d.command)]);
   const _svg_value* args[] = {&d.arg0, &d.arg1, &d.arg2, &d.arg3, &d.arg4, &d.arg5};
   const int count = argumentCount(d.command);
+  const bool isArc = d.command == kPathArcAbs || d.command == kPathArcRel;
+  for (int i = 0; i < 6 && !isArc; ++i) {
+    EXPECT_EQ(args[i]->unit, i < count ? kUnitPixel : 0);
+    EXPECT_EQ(args[i]->axis, kAxisNone);
+    EXPECT_TRUE(i < count || args[i]->value == 0.0);
+  }
   if (count == 0) return text;
   text += '(';
   for (int i = 0; i < count; ++i) text += (i > 0 ? "," : "") + shortest(args[i]->value);
-  if (d.command == kPathArcAbs || d.command == kPathArcRel) {
+  if (isArc) {
     text += "," + shortest(d.arg2.value) + "," + shortest(d.arg3.value) + "," +
             shortest(d.arg4.value) + "," + std::to_string(d.arg4.axis) + "," +
             std::to_string(d.arg5.unit);
@@ -43,14 +51,19 @@ std::string textOf(const _svg_path_data& d) {
   return text + ")";
 }
 
-/// "0; [M(0,0) L(1,1)] c0 f0; ..."
-std::string parsed(const char* text, bool compact = false) {
+/// "0; [M(0,0) L(1,1)] c0 f0; ..." of a text behind which `room` bytes may be looked at.
+std::string parsedWithRoom(const std::string& text, std::size_t room, bool compact) {
   CHandlerReader reader;
   reader.state.settings.compactNumbers = compact;
   _svg_path path;
   initPath(&path);
   path.pathFlag = 1;
-  std::string result = std::to_string(reader.SetPathAtt(&path, text));
+  std::vector<char> block(text.begin(), text.end());
+  block.push_back('\0');
+  block.insert(block.end(), room, '7');  // a byte that must not be taken for the number's
+  const char* const first = block.data();
+  const ValueText d{first, first + text.size(), first + block.size()};
+  std::string result = std::to_string(readPathData(reader, &path, d));
   for (std::int32_t i = 0; i < path.pathCount; ++i) {
     const _svg_singlepath& sub = path.paths[i];
     result += "; [";
@@ -60,6 +73,13 @@ std::string parsed(const char* text, bool compact = false) {
     result += "] c" + std::to_string(sub.closed) + " f" + std::to_string(sub.subFlag);
   }
   DestroyPathElements(&path);
+  return result;
+}
+
+/// The usual commands are read another way where there is room to look ahead.
+std::string parsed(const std::string& text, bool compact = false) {
+  const std::string result = parsedWithRoom(text, 0, compact);
+  EXPECT_EQ(parsedWithRoom(text, 64, compact), result) << text;
   return result;
 }
 
@@ -123,6 +143,50 @@ TEST(PathData, ReadsCompactNumbersWhenAsked) {
       {"M0 0L1 1,", "0; [M(0,0) L(1,1) L(0,0)] c1 f0"},
   };
   for (const PathRow& row : rows) EXPECT_EQ(parsed(row.text, true), row.expected) << row.text;
+}
+
+// Mostly the usual forms, some others between them.
+std::string randomPath(std::mt19937& random) {
+  const auto below = [&](unsigned n) { return random() % n; };
+  const auto one = [&](const char* const(&texts)[16]) { return texts[below(16)]; };
+  constexpr const char* kCommands[16] = {"M", "m", "L", "L", "l", "C", "C", "c",
+                                         "s", "Q", "T", "Z", "H", "a", "",  ","};
+  constexpr const char* kBetween[16] = {",", ",", ",", ",", ",", " ",  " ",  " ",
+                                        " ", " ", "",  "",  "-", "\n", ", ", ".5"};
+  constexpr const char* kNumbers[16] = {"0",      "7",     "12.5",    "-3.25",   "100.01", "-0",
+                                        "640.75", "-.5",   "30000.5", "1e2",     "+4",     "1.5.5",
+                                        "5.",     "25000", ".",       "123456.7"};
+  std::string text = "M1,2";
+  for (unsigned commands = below(12); commands > 0; --commands) {
+    text += below(3) == 0 ? " " : "";
+    text += one(kCommands);
+    for (unsigned numbers = 2 * below(5); numbers > 0; --numbers) {
+      text += one(kNumbers);
+      text += below(8) == 0 ? one(kBetween) : numbers % 2 == 0 ? "," : " ";
+    }
+  }
+  return text;
+}
+
+TEST(PathData, RoomBehindTheTextChangesNothing) {
+  std::mt19937 random(11);
+  for (int i = 0; i < 4000; ++i) {
+    const std::string text = randomPath(random);
+    parsed(text, i % 2 == 1);
+    if (HasFailure()) break;
+  }
+}
+
+TEST(PathData, ManyRecordsInARow) {
+  for (int lines : {62, 63, 64, 65, 255, 256, 257, 1000}) {
+    std::string text = "M0,0";
+    std::string wanted = "0; [M(0,0)";
+    for (int i = 0; i < lines; ++i) {
+      text += " L" + std::to_string(i) + ".5,-1";
+      wanted += " L(" + std::to_string(i) + ".5,-1)";
+    }
+    EXPECT_EQ(parsed(text + "Z"), wanted + " Z] c1 f0");
+  }
 }
 
 TEST(PathData, ValuesCarryTheirUnits) {

@@ -1,3 +1,6 @@
+#include <iterator>
+#include <random>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -14,19 +17,29 @@ struct PointsCase {
   Coordinates points;
 };
 
-void expectPoints(CHandlerReader& reader, const PointsCase& row) {
-  SCOPED_TRACE(row.text.substr(0, 60));
+// A block in which more than the text may be looked at; what stands there must not count.
+std::string withRoomBehind(const std::string& text) { return text + '\0' + std::string(64, '7'); }
+
+Coordinates pointsOf(CHandlerReader& reader, const std::string& block) {
   int count = -1;
-  _svg_point* points = reader.SetPointsAtt(&count, Pair(row.text));
-  EXPECT_EQ(points == nullptr, row.points.empty());
-  ASSERT_EQ(count, static_cast<int>(row.points.size()));
+  _svg_point* points = reader.SetPointsAtt(&count, Pair(block));
+  EXPECT_EQ(points == nullptr, count == 0);
+  Coordinates result;
   for (int i = 0; i < count; ++i) {
-    EXPECT_TRUE(isValue(points[i].x, row.points[static_cast<std::size_t>(i)].first, kUnitPixel));
-    EXPECT_TRUE(isValue(points[i].y, row.points[static_cast<std::size_t>(i)].second, kUnitPixel));
-    EXPECT_EQ(points[i].x.axis, 1);
-    EXPECT_EQ(points[i].y.axis, 1);
+    for (const _svg_value* value : {&points[i].x, &points[i].y}) {
+      EXPECT_EQ(value->unit, kUnitPixel);
+      EXPECT_EQ(value->axis, kAxisWidth);
+    }
+    result.emplace_back(points[i].x.value, points[i].y.value);
   }
   RMM_Free(points);
+  return result;
+}
+
+void expectPoints(CHandlerReader& reader, const PointsCase& row) {
+  SCOPED_TRACE(row.text.substr(0, 60));
+  EXPECT_EQ(pointsOf(reader, row.text), row.points);
+  EXPECT_EQ(pointsOf(reader, withRoomBehind(row.text)), row.points);
 }
 
 TEST(Points, pairsOfNumbers) {
@@ -63,6 +76,23 @@ TEST(Points, manyPointsArriveWhole) {
       row.points.emplace_back(i, -i);
     }
     expectPoints(reader, row);
+  }
+}
+
+TEST(Points, roomBehindTheTextChangesNothing) {
+  constexpr const char* kParts[] = {"1",  "12.5",  "-3.25", "-0",  "640.75", ".5", "1e2",     "+4",
+                                    "5.", "1.5.5", ".",     "7px", "-",      "x",  "123456.7"};
+  constexpr const char* kBetween[] = {",", " ", ",", " ", ",", " ", ",", " ", ", ", "\n", "-", ""};
+  std::mt19937 random(5);
+  for (int i = 0; i < 4000; ++i) {
+    std::string text;
+    for (unsigned parts = random() % 30; parts > 0; --parts) {
+      text += kParts[random() % (random() % 8 == 0 ? std::size(kParts) : 6)];
+      text += kBetween[random() % std::size(kBetween)];
+    }
+    CHandlerReader reader;
+    reader.state.settings.compactNumbers = i % 2 == 1;
+    ASSERT_EQ(pointsOf(reader, text), pointsOf(reader, withRoomBehind(text))) << text;
   }
 }
 

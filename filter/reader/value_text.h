@@ -1,0 +1,26 @@
+// The text of an attribute's value.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
+
+#include "model/values.h"
+
+namespace egfsvg {
+
+/// A terminated text [first, last). Bytes up to `readable` may be looked at.
+struct ValueText {
+  const char* first;
+  const char* last;
+  const char* readable;
+};
+
+/// Of a pair that has a value.
+inline ValueText textOf(const _svg_attrib_pair& pair) {
+  const std::size_t length = std::strlen(pair.value);
+  const std::size_t block = static_cast<std::size_t>(pair.valueSize);
+  return {pair.value, pair.value + length, pair.value + std::max(block, length + 1)};
+}
+
+}  // namespace egfsvg
