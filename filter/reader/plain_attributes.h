@@ -116,10 +116,7 @@ void copyPlain(char* to, const char* from, std::size_t length) {
 /// zero byte stands in place of the closing quote.
 class PairInPlace {
  public:
-  PairInPlace() {
-    pair_.name[0] = '\0';
-    pair_.valueSize = cBuffer::kSlack;
-  }
+  PairInPlace() { pair_.name[0] = '\0'; }
   PairInPlace(const PairInPlace&) = delete;
   PairInPlace& operator=(const PairInPlace&) = delete;
 
@@ -128,6 +125,7 @@ class PairInPlace {
   void with(char* value, char* quote, Action action) {
     pair_.value = value;
     pair_.valueLength = static_cast<std::int32_t>(quote - value);
+    pair_.valueSize = pair_.valueLength + cBuffer::kSlack;
     const Terminator terminator(quote);
     action(&pair_);
   }

@@ -18,7 +18,9 @@ struct ValueText {
 
 /// Of a pair that has a value.
 inline ValueText textOf(const _svg_attrib_pair& pair) {
-  const std::size_t length = std::strlen(pair.value);
+  const std::size_t length = pair.valueLength != kLengthNotTold
+                                 ? static_cast<std::size_t>(pair.valueLength)
+                                 : std::strlen(pair.value);
   const std::size_t block = static_cast<std::size_t>(pair.valueSize);
   return {pair.value, pair.value + length, pair.value + std::max(block, length + 1)};
 }

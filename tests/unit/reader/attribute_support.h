@@ -16,7 +16,6 @@ namespace egfsvg::test {
 class Pair {
  public:
   explicit Pair(std::string value, const char* name = "") : text_(std::move(value)) {
-    std::memset(&pair_, 0, sizeof pair_);
     std::strncpy(pair_.name, name, kAttribNameSize - 1);
     pair_.value = text_.data();
     pair_.valueSize = static_cast<std::int32_t>(text_.size()) + 1;
@@ -29,7 +28,7 @@ class Pair {
 
  private:
   std::string text_;
-  _svg_attrib_pair pair_;
+  _svg_attrib_pair pair_{};
 };
 
 // Equal within a relative 1e-12.
