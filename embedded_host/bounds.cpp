@@ -234,7 +234,9 @@ bool boundsOf(const _egf_obj* object, HostHandle map, _mpl_spacerect_tag* bounds
 
 bool refreshBounds(_egf_obj* object, HostHandle map) {
   // Most objects are polygons: those go the short way.
-  if (object->layoutClass == kClassPolygon) return refreshPolygon(as<EgfPolygon>(object));
+  if (object->layoutClass == kClassPolygon || object->layoutClass == kClassBox) {
+    return refreshPolygon(as<EgfPolygon>(object));
+  }
   const BoundsRow& row = rowOf(object);
   _mpl_spacerect_tag bounds;
   const bool usable = computeBounds(object, row, map, &bounds);

@@ -207,9 +207,8 @@ std::size_t roomToGrow(std::size_t room, std::size_t bytes) {
 }
 
 // A shrink moves to a smaller place when most of the old one would stay empty.
-constexpr std::size_t kSmallestWorthMoving = 512;
-
-bool wastes(std::size_t room, std::size_t before, std::size_t bytes) {
+inline bool wastes(std::size_t room, std::size_t before, std::size_t bytes) {
+  constexpr std::size_t kSmallestWorthMoving = 512;
   constexpr std::size_t kWastedShare = 3;
   return bytes < before && room >= kSmallestWorthMoving && bytes < room / kWastedShare;
 }
@@ -273,8 +272,9 @@ inline void* reallocate(void* block, std::size_t count, std::size_t size, Site s
   const std::size_t room = payloadRoom(header);
   // Only a small block's room is less than a small payload.
   if (bytes > room && isSmall(bytes)) return growSmall(header, bytes, site);
-  const bool stays = bytes <= room && (bytes >= before || room < kSmallestWorthMoving);
-  if (!stays) return reallocateWithCare(block, count, size, site);
+  if (bytes > room || wastes(room, before, bytes)) {
+    return reallocateWithCare(block, count, size, site);
+  }
   memoryTally.resizeBlock(before, bytes);
   return resizeInPlace(header, bytes, site);
 }

@@ -15,7 +15,7 @@ struct Height {
   std::uint64_t peak() const { return std::max(live, highest); }
   void rise(std::uint64_t by) { live += by; }
   void fall(std::uint64_t by) {
-    highest = peak();
+    if (live > highest) highest = live;
     live -= by;
   }
   void restart() { highest = live; }

@@ -69,6 +69,16 @@ EGFHOST_SEES_POISON inline void pushSpare(HostHandle slot, std::size_t sizeClass
   first = slot;
 }
 
+// Slots are written as soon as they are carved: the cache gets ready for those that come soon. Two
+// lines at a time are as much as the usual slot takes.
+inline void fetchToCarve(std::size_t next) {
+  constexpr std::size_t kAhead = 512;
+  constexpr std::size_t kCacheLine = 64;
+  constexpr int kToWrite = 1;
+  __builtin_prefetch(cageStart + next + kAhead, kToWrite);
+  __builtin_prefetch(cageStart + next + kAhead + kCacheLine, kToWrite);
+}
+
 // A slot of that class; its header is the caller's to write. Null when there is none at hand and
 // the open region has no room for it.
 EGFHOST_SEES_POISON inline BlockHeader* slotAtHand(std::size_t sizeClass) {
@@ -84,6 +94,7 @@ EGFHOST_SEES_POISON inline BlockHeader* slotAtHand(std::size_t sizeClass) {
     return nullptr;
   smallBlocks.next = end;
   ++smallBlocks.carved;
+  fetchToCarve(end);
   return headerAt(carved);
 }
 
