@@ -155,13 +155,21 @@ inline const char* findByte(const char* at, const char* end, char byte) {
   return end;
 }
 
-/// The same for either of two bytes.
-inline const char* findEither(const char* at, const char* end, char one, char other) {
-  for (; at < end; at += kByteBlockSize) {
-    const ByteMask hits = ByteBlock::load(at).either(one, other);
-    if (hits != 0) return std::min(at + firstOf(hits), end);
+/// Where a byte first stands from `at` on: it stands somewhere there. Less than two blocks behind
+/// it are looked at.
+inline const char* findByteAhead(const char* at, char byte) {
+  for (;; at += 2 * kByteBlockSize) {
+    if (const ByteMask hits = ByteBlock::load(at).equal(byte)) return at + firstOf(hits);
+    const char* const next = at + kByteBlockSize;
+    if (const ByteMask hits = ByteBlock::load(next).equal(byte)) return next + firstOf(hits);
   }
-  return end;
+}
+
+/// The same for either of two bytes.
+inline const char* findEitherAhead(const char* at, char one, char other) {
+  for (;; at += kByteBlockSize) {
+    if (const ByteMask hits = ByteBlock::load(at).either(one, other)) return at + firstOf(hits);
+  }
 }
 
 /// Where a byte stands last between `first` and `end`, or null. Less than a block behind the end is

@@ -81,6 +81,7 @@ void cBuffer::fillBuffer(std::int32_t count) {
   // Never past the length that was taken, should the file have grown.
   blockLen = std::clamp(got, 0, std::max(0, std::min(kBlockSize, fileLength - fileIndex)));
   block[blockLen] = '\0';
+  block[blockLen + 1] = '<';
 }
 
 bool cBuffer::loadNext() {

@@ -7,6 +7,7 @@
 
 #include "host/files.h"
 #include "host/wire.h"
+#include "model/byte_block.h"
 
 class cBuffer {
  public:
@@ -23,7 +24,7 @@ class cBuffer {
   char* result = nullptr;       // the last text handed out, owned
   std::int32_t blockPos = 0;    // of the next byte within the block
   std::int32_t blockLen = 0;    // valid bytes in the block
-  char* block = nullptr;        // null when nothing is loaded
+  char* block = nullptr;        // null when nothing is loaded; a zero byte and "<" stand behind it
   HostHandle file = 0;          // not owned
   std::int32_t fileIndex = 0;   // offset of the next byte: block[blockPos] while a block is loaded
   std::int32_t fileLength = 0;  // taken when the file is set
@@ -71,6 +72,18 @@ class cBuffer {
     const bool isKept =
         block != nullptr && first >= blockStart && first <= last && last <= blockStart + blockLen;
     return isKept ? block + (first - blockStart) : nullptr;
+  }
+  /// The next "<" in the block, or null.
+  const char* nextOpener() const {
+    if (block == nullptr) return nullptr;
+    const char* const opener = egfsvg::findByteAhead(unread(), '<');
+    return opener < unreadEnd() ? opener : nullptr;
+  }
+  /// The next "<" or "&" in the block, or null.
+  const char* nextOpenerOrReference() const {
+    if (block == nullptr) return nullptr;
+    const char* const opener = egfsvg::findEitherAhead(unread(), '<', '&');
+    return opener < unreadEnd() ? opener : nullptr;
   }
   /// Takes the unread bytes up to `at`.
   void takeTo(const char* at) { take(at - (block + blockPos)); }

@@ -1,5 +1,7 @@
 // The two cheap questions before a read, and its first pass, which keeps what later elements can
 // point at.
+#include <algorithm>
+#include <array>
 #include <charconv>
 #include <cstring>
 
@@ -52,6 +54,32 @@ constexpr TagRow<FirstPassWork> kFirstPassRows[] = {
                             _svg_style_props&) { reader.ParseGradients(nullptr, tag); }},
 };
 constexpr TagTable<FirstPassWork> kFirstPassWorks(kFirstPassRows);
+
+/// By code: tags at which nothing is done.
+constexpr auto kIsPassedOver = [] {
+  constexpr std::int32_t kLast = std::ranges::max_element(kTagNames, {}, &NamedCode::code)->code;
+  std::array<bool, kLast + 1> passed{};
+  for (std::size_t code = 0; code < passed.size(); ++code) {
+    passed[code] = kFirstPassWorks.find(static_cast<int>(code)) == nullptr;
+  }
+  return passed;
+}();
+
+/// Passes over tags that are as guessed and at which nothing is done, as far as they stand in the
+/// block. The next tag is another, or stands elsewhere.
+void passOverUsualTags(CHandlerReader& reader) {
+  cBuffer& source = reader.buffer;
+  while (const char* const opener = source.nextOpener()) {
+    const TagPattern& guess = reader.state.tags.of(opener);
+    const bool isPassed =
+        guess.opens(opener) && kIsPassedOver[static_cast<std::size_t>(guess.code)];
+    source.takeTo(isPassed ? opener + guess.length : opener);
+    if (!isPassed) return;
+    reader.hasAttributes = guess.hasAttributes;
+    reader.stepGauge();
+    ++reader.firstPassTags;
+  }
+}
 
 /// Kept: not reset between style elements, so that after one of type text/css all are read as CSS.
 struct PassStyle {
@@ -125,7 +153,10 @@ int CHandlerReader::QueryProperty(_handlerQuery* record) {
 
 int CHandlerReader::ParseStyleSheetsAndReferences() {
   PassStyle style;
-  for (int tag = GetNextTag(nullptr); tag != kTagEnd; tag = GetNextTag(nullptr)) {
+  for (;;) {
+    passOverUsualTags(*this);
+    const int tag = GetNextTag(nullptr);
+    if (tag == kTagEnd) break;
     if (const FirstPassWork work = kFirstPassWorks.find(tag)) work(*this, tag, style.props);
     ++firstPassTags;
   }

@@ -8,6 +8,7 @@
 #include "model/values.h"
 #include "reader/attribute_guess.h"
 #include "reader/rule_index.h"
+#include "reader/tag_guess.h"
 
 namespace egfsvg {
 
@@ -93,6 +94,7 @@ struct ReaderState {
   SpareBlocks groups;                   // records of groups
   RuleIndex rules;                      // about the style table
   AttributeGuess guesses;               // of the names of attributes
+  TagGuess tags;                        // of the names of tags
 };
 
 /// An attribute pair whose value block is lent by the reader.

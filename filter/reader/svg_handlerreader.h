@@ -52,6 +52,7 @@ class CHandlerReader {
   // Tag and attribute stream (tag_scanner.cpp, attribute_scanner.cpp, skipped_text.cpp).
   int GetNextTag(int* index);
   int takeTag(const char* opener, int* index);
+  [[gnu::noinline]] int takeUnguessedTag(const char* opener, int* index);
   [[gnu::noinline]] int takeOtherTag(int* index);
   [[gnu::noinline]] int takeOtherTagOrReference(int* index, char** name);
   int takeTagOrReference(int* index, char** name);  // a tag; or kTagEntityReference with the name

@@ -151,10 +151,12 @@ int CHandlerReader::takeOtherTag(int* index) {
   }
 }
 
-/// The tag whose opener, in the block, has been found, or the next.
-inline int CHandlerReader::takeTag(const char* opener, int* index) {
+/// A known tag whose opener, in the block, has been found. It is what the next tag of its kind is
+/// guessed to be. Any other: that one, or the next.
+int CHandlerReader::takeUnguessedTag(const char* opener, int* index) {
   KnownTag tag;
   if (!scanKnownTag(opener, tag)) return takeOtherTag(index);
+  state.tags.remember(opener, tag.code, tag.last);
   buffer.takeTo(opener + tag.length + 2);
   if (index != nullptr) *index = buffer.fileIndex - tag.length - 2;
   hasAttributes = tag.last == '>' ? 0 : 1;
@@ -162,17 +164,26 @@ inline int CHandlerReader::takeTag(const char* opener, int* index) {
   return tag.code;
 }
 
+/// The tag whose opener, in the block, has been found, or the next.
+inline int CHandlerReader::takeTag(const char* opener, int* index) {
+  const egfsvg::TagPattern& guess = state.tags.of(opener);
+  if (!guess.opens(opener)) return takeUnguessedTag(opener, index);
+  buffer.takeTo(opener + guess.length);
+  if (index != nullptr) *index = buffer.fileIndex - guess.length;
+  hasAttributes = guess.hasAttributes;
+  stepGauge();
+  return guess.code;
+}
+
 int CHandlerReader::GetNextTag(int* index) {
-  const char* const end = buffer.unreadEnd();
-  const char* const opener = egfsvg::findByte(buffer.unread(), end, '<');
-  return opener == end ? takeOtherTag(index) : takeTag(opener, index);
+  const char* const opener = buffer.nextOpener();
+  return opener == nullptr ? takeOtherTag(index) : takeTag(opener, index);
 }
 
 /// Both of the others in one step.
 int CHandlerReader::takeTagOrReference(int* index, char** name) {
-  const char* const end = buffer.unreadEnd();
-  const char* const opener = egfsvg::findEither(buffer.unread(), end, '<', '&');
-  const bool isTag = opener != end && *opener == '<';
+  const char* const opener = buffer.nextOpenerOrReference();
+  const bool isTag = opener != nullptr && *opener == '<';
   return isTag ? takeTag(opener, index) : takeOtherTagOrReference(index, name);
 }
 

@@ -78,7 +78,9 @@ TEST(ByteBlock, FindsBytesFromBothEnds) {
     text += std::string(kSlack, '<');  // behind the end there is more, which does not count
     const char* const end = text.data() + length;
     EXPECT_EQ(findByte(text.data(), end, '<'), text.data() + first);
-    EXPECT_EQ(findEither(text.data(), end, '&', '<'), text.data() + either);
+    // What is sought stands behind the end at the latest.
+    EXPECT_EQ(findByteAhead(text.data(), '<'), text.data() + first);
+    EXPECT_EQ(findEitherAhead(text.data(), '&', '<'), text.data() + either);
     EXPECT_EQ(findLastByte(text.data(), end, '<'),
               last == std::string::npos ? nullptr : text.data() + last);
   }
