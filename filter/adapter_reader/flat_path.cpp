@@ -30,7 +30,7 @@ class FlatPathBuilder {
   FlatPathBuilder& operator=(const FlatPathBuilder&) = delete;
 
   // The walk's sink.
-  bool beginSubPath() {
+  bool beginSubPath(const _svg_singlepath&) {
     start_ = points_.count();
     return true;
   }

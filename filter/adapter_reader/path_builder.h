@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "adapter_reader/owners.h"
+#include "adapter_reader/path_children.h"
 #include "adapter_reader/path_walk.h"
 #include "adapter_reader/point_arrays.h"
 #include "adapter_reader/point_map.h"
@@ -12,34 +13,21 @@
 
 namespace egfsvg {
 
-/// Gives the path a line or a polyline of at least two points, of which it keeps a copy. False when
-/// memory ran out.
-bool attachStraight(_egf_obj* path, const _mpl_spacept_tag* points, unsigned int count);
+/// A line between two points, or a polyline, which owns its points. Null when memory ran out.
+ObjectOwner straightLine(const _mpl_spacept_tag* points);
+ObjectOwner straightRun(RmmOwner<_mpl_spacept_tag> points, unsigned int count);
 
 /// Moves one control point of a cubic curve away from its neighbour, where two are the same: the
 /// first such pair alone.
-inline void repairControls(const CAdapterReader& adapter, _mpl_spacept_tag* p) {
-  constexpr double kRepairOffset = 9024.0;  // space units at 96 pixels per inch
-  const auto samePlace = [&](int a, int b) { return p[a].x == p[b].x && p[a].y == p[b].y; };
-  const auto beside = [&](float x) {
-    return x + static_cast<float>(kRepairOffset * resolutionOf(adapter) / 96.0);
-  };
-  if (samePlace(0, 1)) {
-    p[1].x = beside(p[0].x);
-  } else if (samePlace(2, 3)) {
-    p[2].x = beside(p[3].x);
-  } else if (samePlace(1, 2)) {
-    p[2].x = beside(p[1].x);
-  }
-}
+void repairControls(const CAdapterReader& adapter, _mpl_spacept_tag* p);
 
 class BezierPathBuilder {
  public:
   /// What a builder needs to know of its path. The box costs time for each point.
   struct Plan {
-    _viewPortMap* map;  // null: nothing is mapped
-    bool several;       // each sub-path gets an object
-    bool boxed;         // the box of the points is kept
+    const _viewPortMap* map;  // null: nothing is mapped
+    bool several;             // each sub-path gets an object
+    bool boxed;               // the box of the points is kept
   };
 
   BezierPathBuilder(CAdapterReader& adapter, const Plan& plan);
@@ -55,12 +43,21 @@ class BezierPathBuilder {
   _mpl_spacerect_tag bounds(double margin) const;
 
   // The walk's sink.
-  bool beginSubPath();
-  bool moveTo(const PlanePoint& to);
-  bool lineTo(const PlanePoint& from, const PlanePoint& to);
+  bool beginSubPath(const _svg_singlepath& subPath);
+  bool moveTo(const PlanePoint& to) {
+    if (!attachRun()) return false;
+    addToRun(to);
+    return true;
+  }
+  /// After a curve the run is empty, so it starts again where the curve ended.
+  [[gnu::always_inline]] bool lineTo(const PlanePoint& from, const PlanePoint& to) {
+    if (runEnd_ == runStart_) startRun(from);
+    addToRun(to);
+    return true;
+  }
   bool curveTo(const CubicPoints& cubic);
   bool arcTo(const ArcEnds& ends, const ArcCenter& arc);
-  bool closeTo(PlanePoint from, PlanePoint first);
+  bool closeTo(const PlanePoint& from, const PlanePoint& first);
   bool endSubPath(const _svg_singlepath& subPath);
 
  private:
@@ -72,11 +69,28 @@ class BezierPathBuilder {
   bool putArc(const ArcCenter& arc, bool clockwise);
   bool putArcHalves(const ArcCenter& arc, bool clockwise);
   bool putArcCurve(const ArcEnds& ends, const ArcCenter& arc);
-  bool putCurve(RmmOwner<_mpl_spacept_tag>&& points, int count);
-  [[gnu::noinline]] bool startRun(const PlanePoint& from);
-  bool addToRun(const PlanePoint& point);
-  bool attachRun() { return run_.empty() || attachPoints(); }
+  [[gnu::always_inline]] void startRun(const PlanePoint& from) {
+    grow(from);
+    *runEnd_++ = here_;
+  }
+  [[gnu::always_inline]] void addToRun(const PlanePoint& point) {
+    grow(point);
+    here_ = onPage(point);
+    *runEnd_++ = here_;
+  }
+  bool attachRun() { return runEnd_ == runStart_ || attachPoints(); }
   bool attachPoints();
+  bool attachLine(const _mpl_spacept_tag* ends);
+  /// The box of points that become a child. Where an identity maps they are brought to their place,
+  /// see `onPage`.
+  [[gnu::always_inline]] PointBox settled(_mpl_spacept_tag* points, unsigned int count,
+                                          const PointBox& box) const {
+    if (box.isFinite() || !identity_) [[likely]]
+      return box;
+    return mapAll(points, count);
+  }
+  [[gnu::noinline, gnu::cold]] PointBox mapAll(_mpl_spacept_tag* points, unsigned int count) const;
+  [[gnu::noinline, gnu::cold]] PointBox repaired(_mpl_spacept_tag* p, PointBox box) const;
   void grow(const PlanePoint& point) {
     if (plan_.boxed) [[unlikely]]
       growBox(point);
@@ -84,22 +98,36 @@ class BezierPathBuilder {
   [[gnu::noinline]] void growBox(const PlanePoint& point);
   void growByCurve(const CubicPoints& cubic);
   void growByArc(const ArcEnds& ends, const ArcCenter& arc);
-  _mpl_spacept_tag mapped(_mpl_spacept_tag place) const { return map_ ? (*map_)(place) : place; }
+  /// Where a point stands on the page. An identity maps only what is not finite to something else:
+  /// that is done where a child is made of the points.
+  [[gnu::always_inline]] _mpl_spacept_tag onPage(const PlanePoint& point) const {
+    if (identity_) [[likely]]
+      return unsignedZeros(stored(point));
+    return mapped(point);
+  }
+  _mpl_spacept_tag mapped(_mpl_spacept_tag place) const {
+    if (map_) return (*map_)(place);
+    return identity_ ? PointMap(plan_.map->matrix)(place) : place;
+  }
   _mpl_spacept_tag mapped(const PlanePoint& point) const { return mapped(stored(point)); }
   static ArcForm formOf(const ArcCenter& child);
   static void turnCircle(double rotation, ArcCenter* arc);
 
   CAdapterReader& adapter_;
   Plan plan_;
-  std::optional<PointMap> map_;
-  bool decomposed_ = false;  // the next four are those of the map; only arcs ask for them
+  bool identity_;                // the map's
+  std::optional<PointMap> map_;  // of no identity
+  bool decomposed_ = false;      // the next four are those of the map; only arcs ask for them
   double shear_ = 0.0, scaleX_ = 1.0, scaleY_ = 1.0, rotation_ = 0.0;
   ObjectOwner outer_;
   ObjectOwner sub_;
   _egf_obj* target_ = nullptr;  // the object that takes children now
+  PathChildren children_;       // the target's
   bool hasClose_ = false;
-  GrowingArray<_mpl_spacept_tag>& run_;  // pending straight points, mapped; the adapter's
-  _mpl_spacept_tag here_;                // the current point, mapped
+  // Pending straight points on the page, in the adapter's array: room for all of a sub-path.
+  _mpl_spacept_tag* runStart_ = nullptr;
+  _mpl_spacept_tag* runEnd_ = nullptr;
+  _mpl_spacept_tag here_;  // the current point on the page
   bool boxStarted_ = false;
   _mpl_spacerect_tag box_{};
 };

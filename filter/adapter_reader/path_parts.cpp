@@ -23,6 +23,29 @@ PlanePoint between(PlanePoint a, PlanePoint b, double part) {
   return {a.x + (b.x - a.x) * part, a.y + (b.y - a.y) * part};
 }
 
+}  // namespace
+
+void raiseQuadratic(PlanePoint current, PlanePoint control, PlanePoint end, bool exact,
+                    PlanePoint* first, PlanePoint* second) {
+  *first = exact ? between(control, current, kOneThird) : between(control, end, kOneThird);
+  *second = exact ? between(control, end, kOneThird) : control;
+}
+
+void repairControls(const CAdapterReader& adapter, _mpl_spacept_tag* p) {
+  constexpr double kRepairOffset = 9024.0;  // space units at 96 pixels per inch
+  const auto samePlace = [&](int a, int b) { return p[a].x == p[b].x && p[a].y == p[b].y; };
+  const auto beside = [&](float x) {
+    return x + static_cast<float>(kRepairOffset * resolutionOf(adapter) / 96.0);
+  };
+  if (samePlace(0, 1)) {
+    p[1].x = beside(p[0].x);
+  } else if (samePlace(2, 3)) {
+    p[2].x = beside(p[3].x);
+  } else if (samePlace(1, 2)) {
+    p[2].x = beside(p[1].x);
+  }
+}
+
 ObjectOwner straightLine(const _mpl_spacept_tag* points) {
   ObjectOwner object(newObject(kClassLine, RMM_SITE));
   if (!object) return object;
@@ -45,29 +68,13 @@ ObjectOwner straightRun(RmmOwner<_mpl_spacept_tag> points, unsigned int count) {
   return object;
 }
 
-}  // namespace
-
-void raiseQuadratic(PlanePoint current, PlanePoint control, PlanePoint end, bool exact,
-                    PlanePoint* first, PlanePoint* second) {
-  *first = exact ? between(control, current, kOneThird) : between(control, end, kOneThird);
-  *second = exact ? between(control, end, kOneThird) : control;
-}
-
-bool attachStraight(_egf_obj* path, const _mpl_spacept_tag* points, unsigned int count) {
-  ObjectOwner object =
-      count == 2 ? straightLine(points)
-                 : straightRun(RmmOwner<_mpl_spacept_tag>(copiedPoints(points, count)), count);
-  return object && handOver(path, object);
-}
-
 BezierPathBuilder::BezierPathBuilder(CAdapterReader& adapter, const Plan& plan)
     : adapter_(adapter),
       plan_(plan),
-      outer_(newObject(kClassPath, RMM_SITE)),
-      run_(adapter.state.straightRun) {
-  run_.clear();
-  if (plan.map != nullptr) map_.emplace(plan.map->matrix);
-  here_ = mapped(PlanePoint{0.0, 0.0});
+      identity_(plan.map != nullptr && isIdentity(*plan.map)),
+      outer_(newObject(kClassPath, RMM_SITE)) {
+  if (plan.map != nullptr && !identity_) map_.emplace(plan.map->matrix);
+  here_ = onPage({0.0, 0.0});
 }
 
 void BezierPathBuilder::decomposeMap() {

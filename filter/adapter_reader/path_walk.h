@@ -26,7 +26,7 @@ struct CubicPoints {
 template <class Sink>
 concept PathSink = requires(Sink sink, const _svg_singlepath& subPath, PlanePoint point,
                             const CubicPoints& cubic, const ArcEnds& ends, const ArcCenter& arc) {
-  { sink.beginSubPath() } -> std::same_as<bool>;
+  { sink.beginSubPath(subPath) } -> std::same_as<bool>;
   { sink.moveTo(point) } -> std::same_as<bool>;
   { sink.lineTo(point, point) } -> std::same_as<bool>;
   { sink.curveTo(cubic) } -> std::same_as<bool>;
@@ -44,11 +44,7 @@ void raiseQuadratic(PlanePoint current, PlanePoint control, PlanePoint end, bool
 template <PathSink Sink>
 class PathWalk {
  public:
-  PathWalk(CAdapterReader& adapter, Sink& sink)
-      : adapter_(adapter),
-        sink_(sink),
-        scale_(adapter),
-        trueCurves_(settingOn(Setting::kTrueCurves)) {}
+  PathWalk(CAdapterReader& adapter, Sink& sink) : adapter_(adapter), sink_(sink), scale_(adapter) {}
 
   /// True when the whole path went to the sink.
   bool run(const _svg_path& path) {
@@ -67,7 +63,8 @@ class PathWalk {
   bool runSubPath(const _svg_singlepath& subPath);
   bool step(const _svg_path_data& command);
   bool moveTo(const PlanePoint& to);
-  bool lineTo(const PlanePoint& to);
+  [[gnu::noinline]] bool lineTo(const PlanePoint& to) { return straightTo(to); }
+  bool straightTo(const PlanePoint& to);
   bool cubic(const CubicPoints& points);
   bool quadratic(PlanePoint control, PlanePoint end);
   bool curve(const CubicPoints& points);
@@ -94,7 +91,6 @@ class PathWalk {
   CAdapterReader& adapter_;
   Sink& sink_;
   PixelScale scale_;
-  bool trueCurves_;
   Before before_ = Before::kNothing;
   PlanePoint current_{0.0, 0.0};
   PlanePoint first_{0.0, 0.0};        // of the sub-path
@@ -105,7 +101,7 @@ template <PathSink Sink>
 bool PathWalk<Sink>::runSubPath(const _svg_singlepath& subPath) {
   before_ = Before::kNothing;
   first_ = current_;
-  if (!sink_.beginSubPath()) return false;
+  if (!sink_.beginSubPath(subPath)) return false;
   for (std::int32_t i = 0; i < subPath.dataCount; ++i) {
     if (!step(subPath.data[i])) return false;
   }
@@ -126,9 +122,9 @@ bool PathWalk<Sink>::step(const _svg_path_data& d) {
     case kPathMoveRel:
       return moveTo(point<kRel>(d.arg0, d.arg1));
     case kPathLineAbs:
-      return lineTo(point<kAbs>(d.arg0, d.arg1));
+      return straightTo(point<kAbs>(d.arg0, d.arg1));
     case kPathLineRel:
-      return lineTo(point<kRel>(d.arg0, d.arg1));
+      return straightTo(point<kRel>(d.arg0, d.arg1));
     case kPathHorizontalAbs:
       return lineTo({along<kAbs>(d.arg0, 0.0) + kPlus, current_.y});
     case kPathHorizontalRel:
@@ -174,7 +170,7 @@ bool PathWalk<Sink>::moveTo(const PlanePoint& to) {
 }
 
 template <PathSink Sink>
-bool PathWalk<Sink>::lineTo(const PlanePoint& to) {
+[[gnu::always_inline]] inline bool PathWalk<Sink>::straightTo(const PlanePoint& to) {
   before_ = Before::kOther;
   const PlanePoint from = current_;
   current_ = to;
@@ -193,7 +189,8 @@ bool PathWalk<Sink>::quadratic(PlanePoint control, PlanePoint end) {
   before_ = Before::kQuadratic;
   lastControl_ = control;
   CubicPoints points{current_, {}, {}, end};
-  raiseQuadratic(current_, control, end, trueCurves_, &points.first, &points.second);
+  raiseQuadratic(current_, control, end, settingOn(Setting::kTrueCurves), &points.first,
+                 &points.second);
   return curve(points);
 }
 

@@ -1,6 +1,7 @@
 // Bezier path objects: a path becomes a class 33 object whose children are straight runs, curves
 // and arcs. A path of several sub-paths holds one class 33 object for each.
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -32,73 +33,90 @@ bool sameStored(PlanePoint a, PlanePoint b) {
          static_cast<float>(a.y) == static_cast<float>(b.y);
 }
 
+[[gnu::always_inline]] inline PointBox boxOf(const _mpl_spacept_tag* points, unsigned int count) {
+  PointBox box;
+  for (unsigned int i = 0; i < count; ++i) box.include(&points[i]);
+  return box;
+}
+
+/// The box of the points.
+[[gnu::always_inline]] inline PointBox copyRun(const _mpl_spacept_tag* run, unsigned int count,
+                                               _mpl_spacept_tag* to) {
+  PointBox box;
+  for (unsigned int i = 0; i < count; ++i) {
+    to[i] = run[i];
+    box.include(&run[i]);
+  }
+  return box;
+}
+
+/// Makes a new object a curve child, which owns its points.
+void markCurve(_egf_obj* object, RmmOwner<_mpl_spacept_tag> points, int count) {
+  EgfPolygon* curve = as<EgfPolygon>(object);
+  curve->points = PointArray::of(points.release());
+  curve->pointCount = count;
+  curve->pen.modeFlags = CurveChildBits::with(0, kCurveChild);  // a new object is all zero
+}
+
 }  // namespace
 
-bool BezierPathBuilder::beginSubPath() {
+/// Each command adds at most one point to a run, which begins with one more.
+bool BezierPathBuilder::beginSubPath(const _svg_singlepath& subPath) {
+  GrowingArray<_mpl_spacept_tag>& run = adapter_.state.straightRun;
+  if (!run.reserve(std::max(subPath.dataCount, 0) + 1)) return false;
+  runStart_ = runEnd_ = run.data();
   hasClose_ = false;
-  if (!plan_.several) {
-    target_ = outer_.get();
-    return true;
+  target_ = outer_.get();
+  if (plan_.several) {
+    sub_.reset(newObject(kClassPath, RMM_SITE));
+    target_ = sub_.get();
+    if (target_ == nullptr) return false;
   }
-  sub_.reset(newObject(kClassPath, RMM_SITE));
-  target_ = sub_.get();
-  return target_ != nullptr;
+  children_.begin(target_);
+  return true;
 }
 
 bool BezierPathBuilder::endSubPath(const _svg_singlepath&) {
   if (!attachRun()) return false;
+  children_.finish();
   EgfPath* path = as<EgfPath>(target_);
   path->pathKind = hasClose_ ? kPathClosedFigure : 0U;
   if (!plan_.several || !path->firstChild) return true;
   return handOver(outer_.get(), sub_);
 }
 
-bool BezierPathBuilder::moveTo(const PlanePoint& to) { return attachRun() && addToRun(to); }
-
-bool BezierPathBuilder::addToRun(const PlanePoint& point) {
-  grow(point);
-  here_ = mapped(point);
-  return run_.push(here_);
-}
-
-/// After a curve the run is empty, so it starts again where the curve ended.
-bool BezierPathBuilder::lineTo(const PlanePoint& from, const PlanePoint& to) {
-  if (run_.empty() && !startRun(from)) [[unlikely]]
-    return false;
-  return addToRun(to);
-}
-
-bool BezierPathBuilder::startRun(const PlanePoint& from) {
-  grow(from);
-  return run_.push(here_);
-}
-
-bool BezierPathBuilder::closeTo(PlanePoint from, PlanePoint first) {
+bool BezierPathBuilder::closeTo(const PlanePoint& from, const PlanePoint& first) {
   hasClose_ = true;
   if (!sameStored(from, first)) return lineTo(from, first);
-  here_ = mapped(first);
+  here_ = onPage(first);
   return true;
 }
 
+/// Kept: a curve child has no pen of its own, its mode is the mark alone.
 bool BezierPathBuilder::curveTo(const CubicPoints& cubic) {
   if (!attachRun()) return false;
   RmmOwner<_mpl_spacept_tag> points(allocateArray<_mpl_spacept_tag>(4, RMM_SITE));
-  if (!points) return false;
+  ObjectOwner object(points ? newObject(kClassPolygon, RMM_SITE) : nullptr);
+  if (!object) return false;
   if (plan_.boxed) [[unlikely]]
     growByCurve(cubic);
   _mpl_spacept_tag* p = points.get();
   p[0] = here_;
-  p[1] = mapped(cubic.first);
-  p[2] = mapped(cubic.second);
-  p[3] = here_ = mapped(cubic.to);
-  repairControls(adapter_, p);
-  return putCurve(std::move(points), 4);
+  p[1] = onPage(cubic.first);
+  p[2] = onPage(cubic.second);
+  p[3] = here_ = onPage(cubic.to);
+  PointBox box = boxOf(p, 4);
+  if (neighboursMeet(p) || !box.isFinite()) [[unlikely]]
+    box = repaired(p, box);
+  markCurve(object.get(), std::move(points), 4);
+  children_.addCurve(std::move(object), box);
+  return true;
 }
 
 bool BezierPathBuilder::arcTo(const ArcEnds& ends, const ArcCenter& arc) {
   if (!attachRun()) return false;
   if (plan_.boxed) growByArc(ends, arc);
-  here_ = mapped(PlanePoint{ends.x2, ends.y2});
+  here_ = onPage({ends.x2, ends.y2});
   decomposeMap();
   if (!isPlainArc(ends, arc)) return putArcCurve(ends, arc);
   const ArcCenter child = childArc(ends, arc);
@@ -154,7 +172,8 @@ bool BezierPathBuilder::putArc(const ArcCenter& arc, bool clockwise) {
   record->startAngle = millionths(arc.start);
   record->endAngle = millionths(arc.end);
   record->pen.arcFlags = ArcDirectionBits::with(record->pen.arcFlags, clockwise ? 1 : 0);
-  return handOver(target_, object);
+  children_.add(std::move(object));
+  return true;
 }
 
 /// In drawing order: a clockwise arc is drawn from its end.
@@ -185,25 +204,49 @@ bool BezierPathBuilder::putArcCurve(const ArcEnds& ends, const ArcCenter& arc) {
   if (points == nullptr) return false;
   points[0] = {static_cast<float>(ends.x1), static_cast<float>(ends.y1)};
   for (int i = 0; i < count; ++i) points[i] = mapped(points[i]);
-  return putCurve(RmmOwner<_mpl_spacept_tag>(points), count);
-}
-
-/// Kept: a curve child has no pen of its own, its mode is the mark alone.
-bool BezierPathBuilder::putCurve(RmmOwner<_mpl_spacept_tag>&& points, int count) {
+  RmmOwner<_mpl_spacept_tag> owned(points);
   ObjectOwner object(newObject(kClassPolygon, RMM_SITE));
   if (!object) return false;
-  EgfPolygon* curve = as<EgfPolygon>(object.get());
-  curve->points = PointArray::of(points.release());
-  curve->pointCount = count;
-  curve->pen.modeFlags = CurveChildBits::with(0, kCurveChild);  // a new object is all zero
-  return handOver(target_, object);
+  markCurve(object.get(), std::move(owned), count);
+  children_.add(std::move(object));
+  return true;
 }
 
 /// Runs of one point draw nothing.
 bool BezierPathBuilder::attachPoints() {
-  const auto count = static_cast<unsigned int>(run_.count());
-  run_.clear();
-  return count < 2 || attachStraight(target_, run_.data(), count);
+  const _mpl_spacept_tag* const run = runStart_;
+  const auto count = static_cast<unsigned int>(runEnd_ - run);
+  runEnd_ = runStart_;
+  if (count < 2) return true;
+  if (count == 2) return attachLine(run);
+  RmmOwner<_mpl_spacept_tag> points(allocateArray<_mpl_spacept_tag>(count, RMM_SITE));
+  if (!points) return false;
+  const PointBox box = settled(points.get(), count, copyRun(run, count, points.get()));
+  ObjectOwner object = straightRun(std::move(points), count);
+  if (!object) return false;
+  children_.addStraight(std::move(object), box);
+  return true;
+}
+
+bool BezierPathBuilder::attachLine(const _mpl_spacept_tag* ends) {
+  _mpl_spacept_tag places[2] = {ends[0], ends[1]};
+  const PointBox box = settled(places, 2, boxOf(places, 2));
+  ObjectOwner object = straightLine(places);
+  if (!object) return false;
+  children_.addStraight(std::move(object), box);
+  return true;
+}
+
+/// The whole way of an identity, for points that are not all finite.
+PointBox BezierPathBuilder::mapAll(_mpl_spacept_tag* points, unsigned int count) const {
+  for (unsigned int i = 0; i < count; ++i) points[i] = mapped(points[i]);
+  return boxOf(points, count);
+}
+
+PointBox BezierPathBuilder::repaired(_mpl_spacept_tag* p, PointBox box) const {
+  settled(p, 4, box);
+  repairControls(adapter_, p);
+  return boxOf(p, 4);
 }
 
 /// The box of a gradient holds the points as they stand before any transform.

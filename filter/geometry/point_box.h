@@ -1,5 +1,5 @@
-// The box of points that are at hand. Both coordinates of a point are compared at once with SSE2,
-// else one by one, with the same results.
+// Points that are at hand: their box, and whether neighbours meet. Both coordinates of a point are
+// compared at once with SSE2, else one by one, with the same results.
 #pragma once
 
 #include <cstdint>
@@ -27,6 +27,21 @@ class PlainPointBox {
     finite_ = finite_ && x - x == 0.0F && y - y == 0.0F;
   }
 
+  /// Makes the box hold another one, whose points are finite or none.
+  void include(const PlainPointBox& other) {
+    if (other.box_.left < box_.left) box_.left = other.box_.left;
+    if (other.box_.right > box_.right) box_.right = other.box_.right;
+    if (other.box_.top < box_.top) box_.top = other.box_.top;
+    if (other.box_.bottom > box_.bottom) box_.bottom = other.box_.bottom;
+  }
+
+  /// Whether another box, of finite points, stands within this one.
+  bool holds(const PlainPointBox& other) const {
+    return box_.left <= other.box_.left && other.box_.right <= box_.right &&
+           box_.top <= other.box_.top && other.box_.bottom <= box_.bottom;
+  }
+  /// Whether nothing was included.
+  bool isEmpty() const { return box_.left > box_.right; }
   /// Whether no coordinate is an infinity or a NaN.
   bool isFinite() const { return finite_; }
   /// Of at least one point, all of them finite.
@@ -37,6 +52,12 @@ class PlainPointBox {
   _mpl_spacerect_tag box_{kInfinity, -kInfinity, kInfinity, -kInfinity};
   bool finite_ = true;
 };
+
+/// Whether two neighbours of four points are at one place.
+inline bool plainNeighboursMeet(const _mpl_spacept_tag* four) {
+  const auto meet = [&](int a, int b) { return four[a].x == four[b].x && four[a].y == four[b].y; };
+  return meet(0, 1) || meet(1, 2) || meet(2, 3);
+}
 
 #if defined(__SSE2__)
 
@@ -49,6 +70,19 @@ class PointBox {
     high_ = _mm_max_ps(both, high_);
     differences_ = _mm_or_ps(differences_, _mm_sub_ps(both, both));
   }
+
+  void include(const PointBox& other) {
+    low_ = _mm_min_ps(other.low_, low_);
+    high_ = _mm_max_ps(other.high_, high_);
+  }
+
+  bool holds(const PointBox& other) const {
+    constexpr int kBoth = 3;
+    const __m128 inside =
+        _mm_and_ps(_mm_cmple_ps(low_, other.low_), _mm_cmple_ps(other.high_, high_));
+    return (_mm_movemask_ps(inside) & kBoth) == kBoth;
+  }
+  bool isEmpty() const { return _mm_cvtss_f32(low_) > _mm_cvtss_f32(high_); }
 
   /// What is finite differs from itself by zero.
   bool isFinite() const { return _mm_cvtsi128_si64(_mm_castps_si128(differences_)) == 0; }
@@ -66,9 +100,23 @@ class PointBox {
   __m128 differences_ = _mm_setzero_ps();
 };
 
+[[gnu::always_inline]] inline bool neighboursMeet(const _mpl_spacept_tag* four) {
+  constexpr int kFirstOfPair = 5;  // a bit for each coordinate of two points
+  // By halves, as the points were just stored: a wider load would wait for both.
+  const auto two = [&](int at) {
+    const __m128i low = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(four + at));
+    return _mm_loadh_pi(_mm_castsi128_ps(low), reinterpret_cast<const __m64*>(four + at + 1));
+  };
+  const __m128 middle = two(1);
+  const int before = _mm_movemask_ps(_mm_cmpeq_ps(two(0), middle));
+  const int behind = _mm_movemask_ps(_mm_cmpeq_ps(middle, two(2)));
+  return (((before & before >> 1) | (behind & behind >> 1)) & kFirstOfPair) != 0;
+}
+
 #else
 
 using PointBox = PlainPointBox;
+inline bool neighboursMeet(const _mpl_spacept_tag* four) { return plainNeighboursMeet(four); }
 
 #endif
 

@@ -20,7 +20,7 @@ constexpr double kPixel = 4096.0;
 /// Writes down what a walk hands on, in whole pixels.
 class Notes {
  public:
-  bool beginSubPath() { return note("("); }
+  bool beginSubPath(const _svg_singlepath&) { return note("("); }
   bool moveTo(PlanePoint to) { return note("M" + text(to)); }
   bool lineTo(PlanePoint from, PlanePoint to) { return note("L" + text(from) + text(to)); }
   bool curveTo(const CubicPoints& c) {

@@ -51,6 +51,61 @@ TEST(BoxOfPoints, PairsGiveWhatSingleCoordinatesDo) {
   EXPECT_LT(finite, kRounds);
 }
 
+template <class Box>
+Box boxOf(const std::vector<_mpl_spacept_tag>& points) {
+  Box box;
+  for (const _mpl_spacept_tag& point : points) box.include(&point);
+  return box;
+}
+
+TEST(BoxOfPoints, PairsHoldAndTakeBoxesAsSingleCoordinatesDo) {
+  std::mt19937 random(2);
+  const auto small = [&] { return static_cast<float>(static_cast<int>(random() % 9) - 4); };
+  const auto points = [&](unsigned most) {
+    std::vector<_mpl_spacept_tag> some;
+    for (unsigned count = random() % (most + 1); count > 0; --count) {
+      some.push_back({random() % 8 == 0 ? -0.0F : small(), small()});
+    }
+    return some;
+  };
+  int held = 0;
+  for (int round = 0; round < kRounds; ++round) {
+    const auto outer = points(8);
+    const auto inner = points(2);
+    PointBox pairs = boxOf<PointBox>(outer);
+    PlainPointBox plain = boxOf<PlainPointBox>(outer);
+    ASSERT_EQ(pairs.isEmpty(), outer.empty());
+    ASSERT_EQ(plain.isEmpty(), outer.empty());
+    if (!inner.empty()) {
+      const bool holds = plain.holds(boxOf<PlainPointBox>(inner));
+      ASSERT_EQ(pairs.holds(boxOf<PointBox>(inner)), holds) << round;
+      held += holds ? 1 : 0;
+    }
+    pairs.include(boxOf<PointBox>(inner));
+    plain.include(boxOf<PlainPointBox>(inner));
+    if (plain.isEmpty()) continue;
+    const _mpl_spacerect_tag a = pairs.rect();
+    const _mpl_spacerect_tag b = plain.rect();
+    ASSERT_EQ(std::memcmp(&a, &b, sizeof a), 0) << round;
+  }
+  EXPECT_GT(held, kRounds / 20);
+  EXPECT_LT(held, kRounds / 2);
+}
+
+TEST(BoxOfPoints, NeighboursMeetWhereBothCoordinatesAreEqual) {
+  std::mt19937 random(3);
+  int met = 0;
+  for (int round = 0; round < kRounds; ++round) {
+    _mpl_spacept_tag four[4];
+    for (_mpl_spacept_tag& point : four) point = {coordinate(random), coordinate(random)};
+    if (random() % 4 == 0) four[1 + random() % 3] = four[random() % 3];
+    ASSERT_EQ(neighboursMeet(four), plainNeighboursMeet(four)) << round;
+    met += plainNeighboursMeet(four) ? 1 : 0;
+  }
+  EXPECT_GT(met, kRounds / 20);
+  EXPECT_LT(met, kRounds / 2);
+}
+
 TEST(BoxOfPoints, HoldsAllPointsAndKeepsTheFirstZero) {
   const std::vector<_mpl_spacept_tag> points{{-0.0F, 7.0F}, {0.0F, -2.5F}, {-0.0F, 3.0F}};
   PointBox box;
