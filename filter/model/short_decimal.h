@@ -82,8 +82,8 @@ struct alignas(16) DigitPattern {
   std::uint64_t throughPoint;  // the bytes up to the point, and it
   std::uint32_t point;         // where the first byte stands that is no digit
   std::uint32_t divisor;       // in kSignedPowersOfTen, of a positive number
-  std::uint64_t shift;         // brings the last digit into the top byte
-  std::uint64_t end;           // 0 when it does not stand in the eight bytes
+  std::int32_t shift;          // in bits: brings the last digit into the top byte
+  std::uint32_t end;           // 0 when it does not stand in the eight bytes
 };
 
 inline constexpr int kWordBits = 64;
@@ -100,7 +100,7 @@ inline constexpr auto kDigitPatterns = [] {
     if (end >= kBytes || end == 1) continue;  // a point alone is no number
     rows[digits].throughPoint = ~std::uint64_t{0} >> (kWordBits - 8 * (point + 1));
     rows[digits].divisor = 2 * (end - point - 1);
-    rows[digits].shift = kWordBits - 8 * end;
+    rows[digits].shift = kWordBits - 8 * static_cast<int>(end);
     rows[digits].end = end;
   }
   return rows;
@@ -113,8 +113,7 @@ class Sse2ShortDecimal {
   [[gnu::always_inline]] static Sse2ShortDecimal scan(const char* at) {
     const std::size_t negative = *at == '-' ? 1 : 0;
     at += negative;
-    const __m128i text = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(at));
-    const __m128i digits = _mm_xor_si128(text, _mm_set1_epi8('0'));
+    const __m128i digits = _mm_xor_si128(loadHalf(at), _mm_set1_epi8('0'));
     const __m128i areDigits = _mm_cmpeq_epi8(_mm_min_epu8(digits, _mm_set1_epi8(9)), digits);
     const auto mask = static_cast<std::uint8_t>(_mm_movemask_epi8(areDigits));
     const detail::DigitPattern& row = detail::kDigitPatterns[mask];
@@ -122,8 +121,8 @@ class Sse2ShortDecimal {
     if (row.end == 0) return {digits, 0, nullptr};
     const __m128i move =
         _mm_and_si128(_mm_xor_si128(_mm_slli_epi64(digits, 8), digits), load(&row.throughPoint));
-    return {_mm_sll_epi64(_mm_xor_si128(move, digits), load(&row.shift)), row.divisor + negative,
-            at + row.end};
+    return {_mm_sll_epi64(_mm_xor_si128(move, digits), _mm_cvtsi32_si128(row.shift)),
+            row.divisor + negative, at + row.end};
   }
 
   const char* end() const { return end_; }
@@ -169,6 +168,9 @@ class Sse2ShortDecimal {
 
   static __m128i load(const std::uint64_t* aligned) {
     return _mm_load_si128(reinterpret_cast<const __m128i*>(aligned));
+  }
+  static __m128i loadHalf(const void* from) {
+    return _mm_loadl_epi64(static_cast<const __m128i*>(from));
   }
 
   __m128i digits_;  // of its lower half each byte, the last on top

@@ -86,9 +86,14 @@ bool hasRoom(const _svg_common& head, std::int32_t argCount) {
          argCount <= list->argRoom - list->argCount;
 }
 
-/// Moves the record's list to a block of its own with more room. False without memory: nothing has
+/// Gives the record's list a block of its own with more room. False without memory: nothing has
 /// changed.
 bool makeRoom(_svg_common& head, std::int32_t argCount) {
+  if (head.transforms == nullptr) {
+    ListHead* const first = allocateList(kFirstCapacity, kFirstArgRoom);
+    if (first != nullptr) head.transforms = entriesOf(first);
+    return first != nullptr;
+  }
   const std::int32_t args = argumentsOf(head);
   ListHead* list = copyWithRoom(head, std::max(kFirstCapacity, 2 * head.transformCount),
                                 std::max(kFirstArgRoom, 2 * args + argCount));

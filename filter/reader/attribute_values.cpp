@@ -10,6 +10,7 @@
 #include "model/value_parser.h"
 #include "reader/lengths.h"
 #include "reader/svg_handlerreader.h"
+#include "reader/value_text.h"
 
 namespace egfsvg {
 
@@ -58,6 +59,12 @@ bool readPlainPixels(_svg_value* out, const _svg_attrib_pair& pair) {
   return true;
 }
 
+[[gnu::noinline, gnu::cold]] int readOtherLength(_svg_value* out, const _svg_attrib_pair& pair) {
+  const ValueText text = textOf(pair);
+  parseLength(out, text.first, text.last);
+  return 0;
+}
+
 constexpr double kDotsPerInch = 96.0;
 constexpr double kCentimetresPerInch = 2.54;
 constexpr double kPointsPerInch = 72.0;
@@ -96,7 +103,7 @@ int CHandlerReader::ParseAngle(_svg_angle* out, const char* text) {
 
 int CHandlerReader::SetValueAtt(_svg_value* out, _svg_attrib_pair* pair) {
   if (pair == nullptr || out == nullptr || pair->value == nullptr) return 0;
-  return egfsvg::readPlainPixels(out, *pair) ? 0 : ParseValue(out, pair->value);
+  return egfsvg::readPlainPixels(out, *pair) ? 0 : egfsvg::readOtherLength(out, *pair);
 }
 
 int CHandlerReader::SetAngleAtt(_svg_angle* out, _svg_attrib_pair* pair) {

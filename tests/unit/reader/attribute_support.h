@@ -31,6 +31,11 @@ class Pair {
   _svg_attrib_pair pair_{};
 };
 
+// A block in which more than the text may be looked at; what stands there must not count.
+inline std::string withRoomBehind(const std::string& text) {
+  return text + '\0' + std::string(64, '7');
+}
+
 // Equal within a relative 1e-12.
 inline bool sameNumber(double expected, double actual) {
   if (expected == actual) return true;

@@ -17,9 +17,6 @@ struct PointsCase {
   Coordinates points;
 };
 
-// A block in which more than the text may be looked at; what stands there must not count.
-std::string withRoomBehind(const std::string& text) { return text + '\0' + std::string(64, '7'); }
-
 Coordinates pointsOf(CHandlerReader& reader, const std::string& block) {
   int count = -1;
   _svg_point* points = reader.SetPointsAtt(&count, Pair(block));

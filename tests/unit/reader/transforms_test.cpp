@@ -1,3 +1,6 @@
+#include <iterator>
+#include <random>
+#include <string>
 #include <vector>
 
 #include "attribute_support.h"
@@ -95,6 +98,51 @@ TEST(Transforms, functionsOfAText) {
     EXPECT_EQ(reader.SetTransformAtt(&rect->head, pair), 0);
     EXPECT_EQ(pair.text(), row.text);
     expectEntries(rect->head, row.entries);
+    Rect other;
+    EXPECT_EQ(reader.SetTransformAtt(&other->head, Pair(withRoomBehind(row.text))), 0);
+    expectEntries(other->head, row.entries);
+  }
+}
+
+std::vector<Entry> entriesOf(const _svg_common& head) {
+  std::vector<Entry> entries;
+  for (int i = 0; i < head.transformCount; ++i) {
+    const transformEntry& entry = head.transforms[i];
+    entries.push_back({entry.kind, {}});
+    for (int k = 0; k < entry.argCount; ++k) entries.back().args.push_back(entry.args[k].value);
+  }
+  return entries;
+}
+
+// Functions of the usual form are read another way where there is room to look ahead.
+TEST(Transforms, roomBehindTheTextChangesNothing) {
+  constexpr const char* kNames[] = {"matrix(", "translate(", "scale(",  "rotate(", "skewX(",
+                                    "skewY(",  "skewx(",     "rotate ", "(",       " scale("};
+  constexpr const char* kNumbers[] = {"1",   "-2.5", "0.125",      "71.6", "-0",
+                                      "1e1", "+3",   "12345678.5", "x",    "1.2.3"};
+  constexpr const char* kBetween[] = {",", " ", ", ", "  ", "\n", "", "-", ",,", " ,"};
+  std::mt19937 random(3);
+  const auto pick = [&](const auto& texts, unsigned usual) {
+    return texts[random() % (random() % 6 == 0 ? std::size(texts) : usual)];
+  };
+  for (int i = 0; i < 4000; ++i) {
+    std::string text;
+    for (unsigned functions = random() % 4; functions > 0; --functions) {
+      text += pick(kNames, 6);
+      for (unsigned numbers = random() % 8; numbers > 0; --numbers) {
+        text += pick(kNumbers, 5);
+        if (numbers > 1) text += pick(kBetween, 5);
+      }
+      text += random() % 8 == 0 ? "" : random() % 2 == 0 ? ")" : ") ";
+    }
+    SCOPED_TRACE(text);
+    CHandlerReader reader;
+    reader.state.settings.compactNumbers = i % 2 == 1;
+    Rect plain;
+    Rect roomy;
+    reader.SetTransformAtt(&plain->head, Pair(text));
+    reader.SetTransformAtt(&roomy->head, Pair(withRoomBehind(text)));
+    ASSERT_NO_FATAL_FAILURE(expectEntries(roomy->head, entriesOf(plain->head)));
   }
 }
 

@@ -17,6 +17,13 @@ TEST_P(Values, numberAndUnitAndTheAxisStays) {
   EXPECT_EQ(reader.ParseValue(&value, GetParam().text.c_str()), 0);
   EXPECT_TRUE(isValue(value, GetParam().value, GetParam().unit)) << GetParam().text;
   EXPECT_EQ(value.axis, 42);
+  for (const std::string& block : {GetParam().text, withRoomBehind(GetParam().text)}) {
+    _svg_value again{kUnitUnset, -7.0, 42};
+    EXPECT_EQ(reader.SetValueAtt(&again, Pair(block)), 0);
+    EXPECT_EQ(again.value, value.value) << GetParam().text;
+    EXPECT_EQ(again.unit, value.unit) << GetParam().text;
+    EXPECT_EQ(again.axis, 42);
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(
