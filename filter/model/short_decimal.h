@@ -117,7 +117,8 @@ class Sse2ShortDecimal {
     const __m128i areDigits = _mm_cmpeq_epi8(_mm_min_epu8(digits, _mm_set1_epi8(9)), digits);
     const auto mask = static_cast<std::uint8_t>(_mm_movemask_epi8(areDigits));
     const detail::DigitPattern& row = detail::kDigitPatterns[mask];
-    if (at[row.point] != '.') return integer(at, digits, row.point, negative);
+    if (at[row.point] != '.') [[unlikely]]
+      return integer(at, digits, row.point, negative);
     if (row.end == 0) return {digits, 0, nullptr};
     const __m128i move =
         _mm_and_si128(_mm_xor_si128(_mm_slli_epi64(digits, 8), digits), load(&row.throughPoint));
@@ -145,8 +146,8 @@ class Sse2ShortDecimal {
       : digits_(digits), divisor_(divisor), end_(end) {}
 
   /// `size` digits and no point.
-  static Sse2ShortDecimal integer(const char* at, __m128i digits, std::uint32_t size,
-                                  std::size_t negative) {
+  [[gnu::always_inline]] static Sse2ShortDecimal integer(const char* at, __m128i digits,
+                                                         std::uint32_t size, std::size_t negative) {
     if (size == 0 || size > detail::kShortDecimalSize) return {digits, 0, nullptr};
     const __m128i shift = _mm_cvtsi32_si128(detail::kWordBits - 8 * static_cast<int>(size));
     return {_mm_sll_epi64(digits, shift), negative, at + size};

@@ -62,18 +62,6 @@ int doubledHexDigit(const char* text) {
   return digit < 0 ? -1 : digit * kTwice;
 }
 
-/// Six digits, the usual form, as one number; -1 for any other text.
-int sixDigits(const char* at) {
-  constexpr int kDigits = 6;
-  int number = 0;
-  for (int i = 0; i < kDigits; ++i) {
-    const int digit = hexDigit(at[i]);
-    if (digit < 0) return -1;
-    number = number * kHexBase + digit;
-  }
-  return number;
-}
-
 /// "#rgb" or "#rrggbb"; false where a channel does not scan. The channels before it are stored.
 bool readHexColor(const char* text, int* const (&channels)[kChannels]) {
   constexpr std::size_t kShortSize = 4;
@@ -114,13 +102,21 @@ void exchangeBlackAndWhite(int& red, int& green, int& blue) {
   }
 }
 
-/// The colour of a number of six digits, as it is stored.
-_svg_color exchanged(int number) {
-  constexpr int kWhite = 0xffffff;
-  constexpr int kGreenShift = 8;
-  constexpr int kRedShift = 16;
-  if (number == 0 || number == kWhite) number ^= kWhite;
-  return {number >> kRedShift, number >> kGreenShift & kChannelMax, number & kChannelMax, 0};
+/// "#" and six digits, the usual form, as it is stored. False for any other text. So many bytes as
+/// the form has are looked at.
+constexpr std::int32_t kSixDigitSize = 7;
+bool readSixDigits(const char* text, _svg_color& color) {
+  if (*text != '#') return false;
+  const int r1 = hexDigit(text[1]), r0 = hexDigit(text[2]);
+  const int g1 = hexDigit(text[3]), g0 = hexDigit(text[4]);
+  const int b1 = hexDigit(text[5]), b0 = hexDigit(text[6]);
+  if ((r1 | r0 | g1 | g0 | b1 | b0) < 0) return false;
+  int red = r1 * kHexBase + r0;
+  int green = g1 * kHexBase + g0;
+  int blue = b1 * kHexBase + b0;
+  exchangeBlackAndWhite(red, green, blue);
+  color = {red, green, blue, 0};
+  return true;
 }
 
 /// What stands in the brackets of "url(...)", without further brackets and blanks; null without
@@ -170,20 +166,24 @@ class RgbText {
   char* end_ = text_;
 };
 
-}  // namespace
-
-bool isReference(const char* paint) { return lower(*paint) == 'u' && startsWith(paint, "url"); }
-
-_svg_color parseColor(CHandlerReader& reader, _svg_attrib_pair* pair) {
-  if (hasValue(pair) && pair->value[0] == '#') {
-    const int number = sixDigits(pair->value + 1);
-    if (number >= 0) return exchanged(number);
-  }
+[[gnu::noinline]] _svg_color parseOtherColor(CHandlerReader& reader, _svg_attrib_pair* pair) {
   int red = 0;
   int green = 0;
   int blue = 0;
   reader.GetSVGColorPatt(red, green, blue, pair);
   return {red, green, blue, 0};
+}
+
+}  // namespace
+
+bool isReference(const char* paint) { return lower(*paint) == 'u' && startsWith(paint, "url"); }
+
+_svg_color parseColor(CHandlerReader& reader, _svg_attrib_pair* pair) {
+  _svg_color color;
+  if (hasValue(pair) && pair->valueSize >= kSixDigitSize && readSixDigits(pair->value, color)) {
+    return color;
+  }
+  return parseOtherColor(reader, pair);
 }
 
 _svg_gradient* referencedGradient(const Map<_svg_gradient>& gradients, const char* paint) {

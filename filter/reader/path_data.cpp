@@ -41,7 +41,8 @@ class PathWalk {
   bool moveTo();
   bool lineTo();
   bool curve();
-  bool takePlainCommands();
+  [[gnu::noinline]] bool takePlainCommands();
+  [[gnu::noinline]] void setPointAlong(const _svg_path_data* first, const _svg_path_data* record);
   double number() { return takeNumber(at_, last_, compact_); }
   double arcFlag();
   _svg_path_data* addRecord(std::int32_t command);
@@ -175,19 +176,30 @@ bool PathWalk::takePlainCommands() {
   const std::ptrdiff_t left = kMaxPathRecords - storedRecords_ - records_.count();
   _svg_path_data* const full = first + std::min(records_.full() - first, left);
   _svg_path_data* place = first;
+  const char* at = at_;
   bool mayMove = records_.empty();
   for (; place != full; ++place) {
-    const char* const next = takePlainCommand(at_, lastStart, command_, mayMove, *place);
+    std::int32_t command = command_;
+    const char* const next = takePlainCommand(at, lastStart, mayMove, command, *place);
     if (next == nullptr) break;
-    at_ = next;
-    command_ = isMove(place->command) ? lineAfterMove(place->command) : place->command;
+    at = next;
+    command_ = command;
     mayMove = false;
+    if (readsOneNumber(command)) setPointAlong(first, place);
   }
   if (place == first) return false;
+  at_ = at;
   records_.setNext(place);
-  setPoint(*first);
+  if (firstPointDue_) setPoint(*first);
   setPoint(place[-1]);
   return true;
+}
+
+/// The point of a record that gives one of its coordinates, and of those since `first` before it.
+void PathWalk::setPointAlong(const _svg_path_data* first, const _svg_path_data* record) {
+  if (firstPointDue_) setPoint(*first);
+  if (record != first) setPoint(record[-1]);
+  setPoint(*record);
 }
 
 _svg_path_data* PathWalk::addRecord(std::int32_t command) {

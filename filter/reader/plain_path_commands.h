@@ -1,12 +1,11 @@
-// Commands of path data in the usual form: a letter or none, and points of short numbers between
-// which stand single separators or signs. They are most of all path data.
+// Commands of path data in the usual form: a letter or none, and short numbers between which stand
+// single separators or signs. They are most of all path data.
 #pragma once
 
 #include <array>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <iterator>
 
 #include "model/characters.h"
 #include "model/short_decimal.h"
@@ -34,16 +33,10 @@ inline constexpr auto kCommandStarts = [] {
   return starts;
 }();
 
-/// The numbers of a command that reads points and nothing else, into its slots one by one; 0 for
-/// any other.
-inline constexpr auto kPointNumbers = [] {
-  std::array<std::int8_t, std::size(kCommandRows)> numbers{};
-  for (std::size_t i = 0; i < numbers.size(); ++i) {
-    const int count = kCommandRows[i].numbers;
-    numbers[i] = static_cast<std::int8_t>(count % 2 == 0 ? count : 0);
-  }
-  return numbers;
-}();
+/// Whether a command reads one number: a horizontal or vertical line.
+constexpr bool readsOneNumber(std::int32_t command) {
+  return command >= kPathHorizontalAbs && command <= kPathVerticalRel;
+}
 
 constexpr bool isMove(std::int32_t command) {
   return command == kPathMoveAbs || command == kPathMoveRel;
@@ -57,26 +50,29 @@ constexpr std::int32_t lineAfterMove(std::int32_t command) {
 /// Kept: an absolute line to such a coordinate is no command at all.
 inline bool isOutside(double coordinate) { return std::fabs(coordinate) > kMaxLineCoordinate; }
 
-/// A command of points in the usual form at `at`: perhaps a blank, perhaps its letter, and short
-/// numbers between which stands one separator or a sign. Every grammar reads these alike. Fills the
-/// record; the result is the end. Null for any other text.
-inline const char* takePlainCommand(const char* at, const char* lastStart, std::int32_t command,
-                                    bool mayMove, _svg_path_data& record) {
-  const auto isSeparator = [](char c) { return c == ' ' || c == ','; };
-  if (*at == ' ') ++at;
-  const CommandStart start = kCommandStarts[static_cast<unsigned char>(*at)];
-  if (start.command != kSameCommand) command = start.command;
-  const int numbers = kPointNumbers[static_cast<std::size_t>(command)];
-  if (numbers == 0 || (isMove(command) && !mayMove)) return nullptr;
-  record.command = command;
+namespace detail {
+
+inline bool isPathSeparator(char c) { return c == ' ' || c == ','; }
+
+/// One number at `at`; its end, or null.
+inline const char* takePlainNumber(const char* at, const char* lastStart, _svg_path_data& record) {
+  if (at > lastStart) return nullptr;
+  const ShortDecimal number = ShortDecimal::scan(at);
+  if (number.end() == nullptr || !isPathByte(*number.end(), kSurelyEndsNumber)) return nullptr;
+  record.arg0 = pixels(number.value());
+  record.arg1 = record.arg2 = record.arg3 = record.arg4 = record.arg5 = {};
+  return number.end();
+}
+
+/// Points at `at`; where they end, or null.
+inline const char* takePlainPoints(const char* at, const char* lastStart, int numbers,
+                                   _svg_path_data& record) {
   if (numbers < kPathSlots) record.arg2 = record.arg3 = record.arg4 = record.arg5 = {};
-  at += start.size;
-  if (*at == ' ') ++at;
   for (int i = 0;;) {
     if (at > lastStart) return nullptr;
     const ShortDecimal x = ShortDecimal::scan(at);
     if (x.end() == nullptr) return nullptr;
-    const bool separated = isSeparator(*x.end());
+    const bool separated = isPathSeparator(*x.end());
     if (!separated && *x.end() != '-') return nullptr;
     const ShortDecimal y = ShortDecimal::scan(x.end() + (separated ? 1 : 0));
     if (y.end() == nullptr || !isPathByte(*y.end(), kSurelyEndsNumber)) return nullptr;
@@ -87,12 +83,37 @@ inline const char* takePlainCommand(const char* at, const char* lastStart, std::
     ShortDecimal::values(x, y, xOut.value, yOut.value);
     at = y.end();
     i += 2;
-    if (i == numbers) break;
-    if (isSeparator(*at)) ++at;
+    if (i == numbers) return at;
+    if (isPathSeparator(*at)) ++at;
   }
-  const bool isLost =
-      command == kPathLineAbs && (isOutside(record.arg0.value) || isOutside(record.arg1.value));
-  return isLost ? nullptr : at;
+}
+
+}  // namespace detail
+
+/// A command in the usual form at `at`: perhaps a blank, perhaps its letter, and short numbers
+/// between which stands one separator or a sign. Every grammar reads these alike. Fills the record;
+/// the result is the end, and `command` is the one in force there. Null for any other text.
+inline const char* takePlainCommand(const char* at, const char* lastStart, bool mayMove,
+                                    std::int32_t& command, _svg_path_data& record) {
+  if (*at == ' ') ++at;
+  const CommandStart start = kCommandStarts[static_cast<unsigned char>(*at)];
+  if (start.command != kSameCommand) command = start.command;
+  const int numbers = kCommandRows[command].numbers;
+  if (numbers == 0) return nullptr;
+  record.command = command;
+  at += start.size;
+  if (*at == ' ') ++at;
+  if (numbers == 1) return detail::takePlainNumber(at, lastStart, record);
+  at = detail::takePlainPoints(at, lastStart, numbers, record);
+  if (at == nullptr) return nullptr;
+  if (command == kPathLineAbs) {
+    return isOutside(record.arg0.value) || isOutside(record.arg1.value) ? nullptr : at;
+  }
+  if (isMove(command)) [[unlikely]] {
+    if (!mayMove) return nullptr;
+    command = lineAfterMove(command);
+  }
+  return at;
 }
 
 }  // namespace egfsvg

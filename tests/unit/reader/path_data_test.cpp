@@ -150,7 +150,7 @@ std::string randomPath(std::mt19937& random) {
   const auto below = [&](unsigned n) { return random() % n; };
   const auto one = [&](const char* const(&texts)[16]) { return texts[below(16)]; };
   constexpr const char* kCommands[16] = {"M", "m", "L", "L", "l", "C", "C", "c",
-                                         "s", "Q", "T", "Z", "H", "a", "",  ","};
+                                         "V", "Q", "h", "Z", "H", "a", "",  ","};
   constexpr const char* kBetween[16] = {",", ",", ",", ",", ",", " ",  " ",  " ",
                                         " ", " ", "",  "",  "-", "\n", ", ", ".5"};
   constexpr const char* kNumbers[16] = {"0",      "7",     "12.5",    "-3.25",   "100.01", "-0",
@@ -175,6 +175,13 @@ TEST(PathData, RoomBehindTheTextChangesNothing) {
     parsed(text, i % 2 == 1);
     if (HasFailure()) break;
   }
+}
+
+TEST(PathData, LinesAlongAnAxisKeepTheOtherCoordinate) {
+  EXPECT_EQ(parsed("M1,2h5v-3H1V2"), "0; [M(1,2) h(5) v(-3) H(1) V(2)] c1 f0");
+  EXPECT_EQ(parsed("M1,2L3,4H1L7,2H1"), "0; [M(1,2) L(3,4) H(1) L(7,2) H(1)] c1 f0");
+  EXPECT_EQ(parsed("M1,2L3,4H1"), "0; [M(1,2) L(3,4) H(1)] c0 f0");
+  EXPECT_EQ(parsed("H1V2H1L5,2H1"), "0; [H(1) V(2) H(1) L(5,2) H(1)] c0 f0");
 }
 
 TEST(PathData, ManyRecordsInARow) {
