@@ -23,7 +23,7 @@ struct MapBlock {
   ListStamp matricesOf = ListStamp::kNone;  // kNone also after something was multiplied into them
   _viewPortMap map;
   _userSpace userSpace;
-  _viewBox viewBox;
+  _viewBox viewBox{nullptr, {{{1.0, 0.0, 0.0}, {0.0, 1.0, 0.0}, {0.0, 0.0, 1.0}}}};  // never fitted
 };
 
 /// The resolution of the page's map, asked for once when the page begins.

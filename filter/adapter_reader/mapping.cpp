@@ -46,17 +46,6 @@ bool keepsMatricesOf(CAdapterReader& adapter, const _svg_common& element) {
                                                   element.transforms, element.transformCount);
 }
 
-/// Kept: a viewport that is named leaves the matrix zero, so there is nothing to keep.
-void keepMatrices(CAdapterReader& adapter) {
-  MapBlock& block = adapter.state.mapBlock;
-  const _userSpace& space = block.userSpace;
-  block.matricesOf = block.map.viewport != nullptr ? ListStamp::kNone
-                     : space.transformCount <= 0   ? ListStamp::kEmpty
-                     : space.transforms == nullptr
-                         ? ListStamp::kNone
-                         : adapter.state.transforms.stampOfLast(space.transformCount);
-}
-
 /// The product of viewport, view box and user space.
 void multiplyParts(CAdapterReader& adapter, _viewPortMap& map) {
   const bool hasList = map.userSpace->transformCount > 0;
@@ -78,7 +67,7 @@ void setParts(_viewPortMap& map, const _svg_common& element, _svg_viewbox* box,
   map.userSpace->transformCount = element.transformCount;
 }
 
-/// A map whose matrices are computed; null when memory ran out.
+/// A map whose matrices are computed part by part; null when memory ran out.
 [[gnu::noinline]] _viewPortMap* computeMap(CAdapterReader& adapter, const _svg_common& element,
                                            _svg_viewbox* box, _svg_pa_viewports* ports) {
   _viewPortMap* found = takeMap(adapter.state.mapBlock);
@@ -87,16 +76,56 @@ void setParts(_viewPortMap& map, const _svg_common& element, _svg_viewbox* box,
   adapter._svgViewBoxMatrix(found->viewBox);
   adapter._svgUserSpaceMatrix(found->userSpace);
   multiplyParts(adapter, *found);
-  if (found == &adapter.state.mapBlock.map) keepMatrices(adapter);
+  if (found == &adapter.state.mapBlock.map) adapter.state.mapBlock.matricesOf = ListStamp::kNone;
   return found;
 }
 
 /// The product of a whole list whose numbers are not all finite.
-void multiplyList(const PixelScale& scale, const _userSpace& space, _transformMatrix& product) {
+[[gnu::noinline, gnu::cold]] void multiplyList(const PixelScale& scale, const _userSpace& space,
+                                               _transformMatrix& product) {
   copyMatrix(kIdentityRows, product.m);
   for (std::int32_t i = 0; i < space.transformCount; ++i) {
     multiplyEntry(scale, space.transforms[i], product.m);
   }
+}
+
+/// The product along a list, from what is kept of the list before. False when a number is not
+/// finite.
+bool productOf(CAdapterReader& adapter, const PixelScale& scale, const _userSpace& space,
+               PlaneColumns& product) {
+  TransformCache& kept = adapter.state.transforms;
+  const std::int32_t count = space.transformCount;
+  const std::int32_t known =
+      kept.match(sceneOf(adapter, scale.resolution()), space.transforms, count, product);
+  for (std::int32_t i = known; i < count; ++i) {
+    multiplyEntry(scale, space.transforms[i], product);
+    kept.keep(space.transforms[i], i, product);
+  }
+  return isFinite(product);
+}
+
+/// The own block's matrices for the element at hand, whose viewport is not named: the identity, or
+/// those of its list. Viewport and view box have no share in them.
+[[gnu::noinline]] void computeOwnMatrices(CAdapterReader& adapter) {
+  MapBlock& block = adapter.state.mapBlock;
+  const _userSpace& space = block.userSpace;
+  block.matricesOf = ListStamp::kNone;
+  if (space.transformCount <= 0 || space.transforms == nullptr) {
+    if (space.transformCount <= 0) block.matricesOf = ListStamp::kEmpty;
+    copyMatrix(kIdentityRows, block.userSpace.matrix.m);
+    copyMatrix(kIdentityRows, block.map.matrix.m);
+    return;
+  }
+  const PixelScale scale(adapter);
+  PlaneColumns product;
+  if (productOf(adapter, scale, space, product)) [[likely]] {
+    setMatrix(product, block.userSpace.matrix.m);
+    multiplyIdentity(product, block.map.matrix.m);
+  } else {
+    multiplyList(scale, space, block.userSpace.matrix);
+    multiplyIdentity(block.userSpace.matrix.m, block.map.matrix.m);
+  }
+  block.matricesOf = adapter.state.transforms.stampOfLast(space.transformCount);
 }
 
 }  // namespace
@@ -108,12 +137,13 @@ using namespace egfsvg;
 _viewPortMap* CAdapterReader::_findMapMatrix(_svg_common* element, _svg_viewbox* box,
                                              _svg_pa_viewports* ports) {
   MapBlock& block = state.mapBlock;
-  if (block.inUse || ports != nullptr || !keepsMatricesOf(*this, *element)) {
+  if (block.inUse || ports != nullptr) [[unlikely]]
     return computeMap(*this, *element, box, ports);
-  }
-  block.inUse = true;
-  setParts(block.map, *element, box, nullptr);
-  return &block.map;
+  const bool kept = keepsMatricesOf(*this, *element);
+  _viewPortMap* own = takeMap(block);
+  setParts(*own, *element, box, nullptr);
+  if (!kept) computeOwnMatrices(*this);
+  return own;
 }
 
 void CAdapterReader::_freeMapMatrix(_viewPortMap* done) {
@@ -154,15 +184,9 @@ void CAdapterReader::_svgUserSpaceMatrix(_userSpace* space) {
     return;
   }
   const PixelScale scale(*this);
-  PlaneColumns running;
-  const std::int32_t known = state.transforms.match(
-      sceneOf(*this, scale.resolution()), space->transforms, space->transformCount, running);
-  for (std::int32_t i = known; i < space->transformCount; ++i) {
-    multiplyEntry(scale, space->transforms[i], running);
-    state.transforms.keep(space->transforms[i], i, running);
-  }
-  if (isFinite(running)) {
-    setMatrix(running, space->matrix.m);
+  PlaneColumns product;
+  if (productOf(*this, scale, *space, product)) {
+    setMatrix(product, space->matrix.m);
   } else {
     multiplyList(scale, *space, space->matrix);
   }

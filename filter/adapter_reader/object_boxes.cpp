@@ -2,7 +2,6 @@
 
 #include <cmath>
 
-#include "host/egf.h"
 #include "host/egf_codes.h"
 
 namespace egfsvg {
@@ -51,14 +50,6 @@ bool boxAtHand(const _egf_obj* object, _mpl_spacerect_tag* box) {
              take(as<EgfPath>(object)->bounds, box);
     default:
       return false;
-  }
-}
-
-void setBounds(_egf_obj* polygon, const PointBox* box, HostHandle map) {
-  if (box != nullptr && box->isFinite()) [[likely]] {
-    as<EgfPolygon>(polygon)->bounds = box->rect();
-  } else {
-    EGF_CalcPolygonMer(polygon, map);
   }
 }
 

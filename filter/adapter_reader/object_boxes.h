@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "geometry/point_box.h"
+#include "host/egf.h"
 #include "host/egf_objects.h"
 
 namespace egfsvg {
@@ -36,6 +37,12 @@ inline void growBox(_mpl_spacerect_tag* box, const _mpl_spacerect_tag& by) {
 
 /// Stores the rectangle of a polygon or box. The host computes it when the box of all points is not
 /// at hand, which null says, or not finite.
-void setBounds(_egf_obj* polygon, const PointBox* box, HostHandle map);
+inline void setBounds(_egf_obj* polygon, const PointBox* box, HostHandle map) {
+  if (box != nullptr && box->isFinite()) [[likely]] {
+    as<EgfPolygon>(polygon)->bounds = box->rect();
+  } else {
+    EGF_CalcPolygonMer(polygon, map);
+  }
+}
 
 }  // namespace egfsvg

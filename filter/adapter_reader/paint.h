@@ -4,11 +4,18 @@
 
 #include "adapter_reader/painted_pens.h"
 #include "adapter_reader/style_slots.h"
+#include "host/egf_bits.h"
 #include "model/groups.h"
 
 class CAdapterReader;
 
 namespace egfsvg {
+
+/// The mode of a pen with a figure's bits and the bit of a fill rule.
+inline std::uint8_t figureMode(std::uint8_t mode, unsigned figure, std::int32_t fillRule) {
+  constexpr std::int32_t kEvenOdd = 2;
+  return FillRuleBits::with(FigureBits::with(mode, figure), fillRule == kEvenOdd ? 1 : 0);
+}
 
 /// Opacities of a shape's two paints, its own opacity included.
 struct Alphas {

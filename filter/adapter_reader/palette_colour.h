@@ -15,7 +15,8 @@ inline std::uint32_t wordOf(const _svg_color& colour) {
 [[gnu::noinline]] void offerColour(CAdapterReader& adapter, std::uint32_t word);
 
 /// The colour as objects hold it. One that the palette was not offered lately is offered.
-inline _sel_RGB_type paletteColour(CAdapterReader& adapter, const _svg_color& colour) {
+[[gnu::always_inline]] inline _sel_RGB_type paletteColour(CAdapterReader& adapter,
+                                                          const _svg_color& colour) {
   const std::uint32_t word = wordOf(colour);
   if (!adapter.state.colours.has(word)) [[unlikely]]
     offerColour(adapter, word);

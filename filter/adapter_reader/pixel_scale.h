@@ -12,10 +12,12 @@ namespace egfsvg {
 class PixelScale {
  public:
   /// While a page is read, its resolution is at hand; else the map is asked.
-  explicit PixelScale(CAdapterReader& adapter) : adapter_(adapter) {
-    const ResolutionAtHand& known = adapter.state.resolution;
-    resolution_ = known.isKnown() ? known.pixelsPerInch : resolutionOf(adapter);
-    perUnit_ = known.isKnown() ? known.perSvgPixel : pixelsPerSvgPixel(resolution_);
+  [[gnu::always_inline]] explicit PixelScale(CAdapterReader& adapter)
+      : adapter_(adapter),
+        resolution_(adapter.state.resolution.pixelsPerInch),
+        perUnit_(adapter.state.resolution.perSvgPixel) {
+    if (!adapter.state.resolution.isKnown()) [[unlikely]]
+      askMap();
   }
 
   double resolution() const { return resolution_; }
@@ -46,6 +48,10 @@ class PixelScale {
   }
 
  private:
+  [[gnu::noinline, gnu::cold]] void askMap() {
+    resolution_ = resolutionOf(adapter_);
+    perUnit_ = pixelsPerSvgPixel(resolution_);
+  }
   [[gnu::noinline]] PlanePoint convertedPlace(const _svg_value& x, const _svg_value& y) const {
     return {spaceUnits(x), spaceUnits(y)};
   }

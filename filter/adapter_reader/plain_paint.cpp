@@ -28,8 +28,8 @@ class PlainRecord {
   }
 
  private:
-  bool isOpen_ = false;
   Record record_;
+  bool isOpen_ = false;
 };
 using FillRecord = PlainRecord<_egf_gdiplus_fillparms_tag>;
 using StrokeRecord = PlainRecord<_egf_gdiplus_stroke_parms_tag>;
@@ -104,12 +104,14 @@ template <class Record>
 
 void paintPlainPolygon(CAdapterReader& adapter, const _svg_pa_fill& fill,
                        const _svg_pa_stroke& stroke, const _svg_pa_graphics& graphics,
-                       bool openCaps, EgfPolygon* polygon) {
+                       unsigned figure, EgfPolygon* polygon) {
   FilledPen& pen = filledPen(polygon->pen);
+  pen.modeFlags = figureMode(pen.modeFlags, figure, fill.fillRule);
+  polygon->pen.scaleFactor = 1.0;
   FillRecord record;
   paintFilled<shapeNeedsRecord>(adapter, fill, stroke, graphics, pen, record);
   pen.joinStyle = joinOf(stroke, record);
-  if (openCaps && FigureBits::get(pen.modeFlags) == kFigureOpen && pen.lineStyle == kLineSolid) {
+  if (figure == kFigureOpen && pen.lineStyle == kLineSolid) {
     setCaps(&record.open(), adapter.castLineCap(stroke.strokeLinecap));
   }
   polygon->fillParmsNo = record.number(adapter);

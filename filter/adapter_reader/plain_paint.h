@@ -15,11 +15,11 @@ inline bool isPlain(const _svg_pa_fill& fill, const _svg_pa_stroke& stroke) {
   return fill.fillGradient == nullptr && isPlain(stroke);
 }
 
-/// Paints an object whose pen is as its template; its style numbers are zeros. Caps are for open
-/// figures without dashes, where they are asked for.
+/// Paints an object whose pen is as its template; its style numbers are zeros. The figure is open
+/// or closed; an open one without dashes gets its caps.
 void paintPlainPolygon(CAdapterReader& adapter, const _svg_pa_fill& fill,
                        const _svg_pa_stroke& stroke, const _svg_pa_graphics& graphics,
-                       bool openCaps, EgfPolygon* polygon);
+                       unsigned figure, EgfPolygon* polygon);
 void paintPlainEllipse(CAdapterReader& adapter, const _svg_pa_fill& fill,
                        const _svg_pa_stroke& stroke, const _svg_pa_graphics& graphics,
                        EgfEllipse* ellipse);

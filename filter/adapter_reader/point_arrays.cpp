@@ -58,6 +58,23 @@ void rectCorners(const PixelBox& box, _mpl_spacept_tag (&corners)[kRectCorners])
   corners[3] = {right, top};
 }
 
+/// Corners share their coordinates, and so what a map makes of each.
+PointBox placeCorners(const PixelBox& box, const _viewPortMap* map, _mpl_spacept_tag* to) {
+  _mpl_spacept_tag corners[kRectCorners];
+  rectCorners(box, corners);
+  PointBox onPage;
+  if (map == nullptr || isIdentity(*map)) {
+    std::memcpy(to, corners, sizeof corners);
+    return mapPoints(to, kRectCorners, map);
+  }
+  const PointMap mapped(map->matrix);
+  for (int i = 0; i < kRectCorners; ++i) {
+    to[i] = mapped(corners[i]);
+    onPage.include(&to[i]);
+  }
+  return onPage;
+}
+
 _mpl_spacept_tag* copiedPoints(const _mpl_spacept_tag* points, std::size_t count) {
   auto* copy = allocateArray<_mpl_spacept_tag>(count, RMM_SITE);
   if (copy != nullptr) std::memcpy(copy, points, count * sizeof *copy);

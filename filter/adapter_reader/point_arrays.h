@@ -34,6 +34,9 @@ struct PixelBox {
 /// Corners in the order of a box: top left, bottom left, bottom right, top right. Space units.
 void rectCorners(const PixelBox& box, _mpl_spacept_tag (&corners)[kRectCorners]);
 
+/// The corners where they stand on the page, and their box there; without a map they stay.
+PointBox placeCorners(const PixelBox& box, const _viewPortMap* map, _mpl_spacept_tag* to);
+
 /// A copy of the points; null when memory ran out.
 _mpl_spacept_tag* copiedPoints(const _mpl_spacept_tag* points, std::size_t count);
 

@@ -1,5 +1,6 @@
 // Lines, polylines and polygons.
 
+#include "adapter_reader/object_boxes.h"
 #include "adapter_reader/owners.h"
 #include "adapter_reader/pixel_scale.h"
 #include "adapter_reader/plain_paint.h"
@@ -76,9 +77,14 @@ _egf_obj* formatPolygon(CAdapterReader& adapter, const PointShape& shape) {
   setPolygonTemplate(polygon);
   polygon->points = placed.points.release();
   polygon->pointCount = shape.count;
-  const ShapeScene scene{shape.fill, shape.stroke, shape.graphics, bounds, map.get(), &placed.box};
   const unsigned figure = shape.closed ? kFigureClosed : kFigureOpen;
-  return finishPolygon(adapter, object, scene, figure, true) == 0 ? object.release() : nullptr;
+  if (isPlain(shape.fill, shape.stroke)) [[likely]] {
+    paintPlainPolygon(adapter, shape.fill, shape.stroke, shape.graphics, figure, polygon);
+    setBounds(object.get(), &placed.box, adapter.map);
+    return object.release();
+  }
+  const ShapeScene scene{shape.fill, shape.stroke, shape.graphics, bounds, map.get(), &placed.box};
+  return finishPolygon(adapter, object, scene, figure) == 0 ? object.release() : nullptr;
 }
 
 }  // namespace egfsvg

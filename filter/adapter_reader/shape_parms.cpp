@@ -11,24 +11,19 @@
 namespace egfsvg {
 namespace {
 
-std::uint8_t figureMode(CAdapterReader& adapter, std::uint8_t mode, unsigned figure,
-                        const _svg_pa_fill& fill) {
-  const auto rule = static_cast<unsigned>(adapter.castFillMode(fill.fillRule));
-  return FillRuleBits::with(FigureBits::with(mode, figure), rule);
-}
-
 /// The same paint step by step, for what has a gradient. False when that failed.
-[[gnu::noinline]] bool paintPolygon(CAdapterReader& adapter, const ShapeScene& scene, bool openCaps,
-                                    _egf_obj* object) {
-  FilledPen& pen = filledPen(as<EgfPolygon>(object)->pen);
+[[gnu::noinline]] bool paintPolygon(CAdapterReader& adapter, const ShapeScene& scene,
+                                    unsigned figure, _egf_obj* object) {
+  auto* polygon = as<EgfPolygon>(object);
+  FilledPen& pen = filledPen(polygon->pen);
+  pen.modeFlags = figureMode(pen.modeFlags, figure, scene.fill.fillRule);
+  polygon->pen.scaleFactor = 1.0;
   FilledPaint paint(adapter, scene.fill, scene.stroke, scene.graphics);
   paint.setShapePen(pen);
   if (!paint.setGradient(kPolygonForm, scene.map, scene.bounds, object)) return false;
   paint.setFillStyle(pen);
   paint.setJoin(pen);
-  if (openCaps && FigureBits::get(pen.modeFlags) == kFigureOpen && pen.lineStyle == kLineSolid) {
-    paint.setCaps();
-  }
+  if (figure == kFigureOpen && pen.lineStyle == kLineSolid) paint.setCaps();
   paint.storeStyles(kPolygonForm, object);
   return true;
 }
@@ -52,13 +47,11 @@ std::uint8_t figureMode(CAdapterReader& adapter, std::uint8_t mode, unsigned fig
 }  // namespace
 
 int finishPolygon(CAdapterReader& adapter, ObjectOwner& object, const ShapeScene& scene,
-                  unsigned figure, bool openCaps) {
-  auto* polygon = as<EgfPolygon>(object.get());
-  polygon->pen.modeFlags = figureMode(adapter, polygon->pen.modeFlags, figure, scene.fill);
-  polygon->pen.scaleFactor = 1.0;
-  if (isPlain(scene.fill, scene.stroke)) [[likely]] {
-    paintPlainPolygon(adapter, scene.fill, scene.stroke, scene.graphics, openCaps, polygon);
-  } else if (!paintPolygon(adapter, scene, openCaps, object.get())) {
+                  unsigned figure) {
+  if (isPlain(scene.fill, scene.stroke)) {
+    paintPlainPolygon(adapter, scene.fill, scene.stroke, scene.graphics, figure,
+                      as<EgfPolygon>(object.get()));
+  } else if (!paintPolygon(adapter, scene, figure, object.get())) {
     object.reset();
     return -1;
   }
@@ -74,8 +67,8 @@ int CAdapterReader::_setPgonParms(_egf_obj* object, _mpl_spacerect_tag& bounds, 
                                   _svg_pa_fill& fill, _svg_pa_stroke& stroke,
                                   _svg_pa_graphics& graphics) {
   ObjectOwner owner(object);
-  const int result = finishPolygon(*this, owner, {fill, stroke, graphics, bounds, by, nullptr},
-                                   kFigureClosed, false);
+  const int result =
+      finishPolygon(*this, owner, {fill, stroke, graphics, bounds, by, nullptr}, kFigureClosed);
   (void)owner.release();
   return result;
 }
@@ -88,7 +81,7 @@ int CAdapterReader::_setPathParms(_egf_obj* object, _mpl_spacerect_tag& bounds, 
   ObjectOwner owner(object);
   auto* path = as<EgfPath>(object);
   _egf_gdi_fillparms_tag record = kPolygonPen;
-  record.modeFlags = figureMode(*this, record.modeFlags, kFigureClosed, fill);
+  record.modeFlags = figureMode(record.modeFlags, kFigureClosed, fill.fillRule);
   record.scaleFactor = 1.0;
   if (isPlain(fill, stroke)) [[likely]] {
     paintPlainPath(*this, fill, stroke, graphics, record, path);

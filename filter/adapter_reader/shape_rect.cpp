@@ -2,8 +2,10 @@
 
 #include <cstring>
 
+#include "adapter_reader/object_boxes.h"
 #include "adapter_reader/owners.h"
 #include "adapter_reader/pixel_scale.h"
+#include "adapter_reader/plain_paint.h"
 #include "adapter_reader/point_arrays.h"
 #include "adapter_reader/point_map.h"
 #include "adapter_reader/shape_paint.h"
@@ -12,6 +14,7 @@
 #include "geometry/arcs.h"
 #include "host/egf_bits.h"
 #include "host/egf_templates.h"
+#include "model/rmm_allocator.h"
 
 namespace egfsvg {
 namespace {
@@ -107,18 +110,63 @@ bool putCurves(const CornerScene& scene, _egf_obj* path) {
   return true;
 }
 
-/// A box of the corners, mapped, with its template. Null, with the fault logged, out of memory.
-ObjectOwner mappedBox(const _mpl_spacept_tag (&corners)[kRectCorners], const _viewPortMap* map,
-                      PointBox* bounds) {
+/// Whether a rectangle has sharp corners, by its radii in pixels. Kept: a negative side makes its
+/// own radius, see `cornerRadius`.
+bool isSharp(double rx, double ry, const PixelBox& box) {
+  return rx == 0.0 && ry == 0.0 && box.width >= 0.0 && box.height >= 0.0;
+}
+
+/// A box object with its template and room for its points. Null, with the fault logged, out of
+/// memory.
+ObjectOwner emptyBox() {
   ObjectOwner object(allocateObject(kClassBox, RMM_SITE));
   if (!object) return object;
   auto* box = as<EgfPolygon>(object.get());
   setPolygonTemplate(box);
-  _mpl_spacept_tag places[kRectCorners];
-  std::memcpy(places, corners, sizeof places);
-  *bounds = mapPoints(places, kRectCorners, map);
-  if (!setPoints(box, places, kRectCorners)) object.reset();
+  auto* points = allocateArray<_mpl_spacept_tag>(kRectCorners, RMM_SITE);
+  if (points == nullptr) {
+    logOutOfMemory(RMM_SITE);
+    return nullptr;
+  }
+  box->points = points;
+  box->pointCount = kRectCorners;
   return object;
+}
+
+/// The usual rectangle: sharp corners, no gradient.
+_egf_obj* formatBox(CAdapterReader& adapter, const _svg_rect& element, const PixelBox& box,
+                    const _viewPortMap* map) {
+  ObjectOwner object = emptyBox();
+  if (!object) return nullptr;
+  auto* polygon = as<EgfPolygon>(object.get());
+  const PointBox onPage = placeCorners(box, map, polygon->points.get());
+  paintPlainPolygon(adapter, element.fill, element.stroke, element.graphics, kFigureClosed,
+                    polygon);
+  setBounds(object.get(), &onPage, adapter.map);
+  return object.release();
+}
+
+/// Any rectangle, in steps.
+[[gnu::noinline]] _egf_obj* formatRect(CAdapterReader& adapter, _svg_rect& element,
+                                       const PixelBox& box, _viewPortMap* map) {
+  const PixelScale scale(adapter);
+  _mpl_spacept_tag corners[kRectCorners];
+  rectCorners(box, corners);
+  // Kept: the whole pen width is added where lines add half of it.
+  _mpl_spacerect_tag bounds{};
+  if (needsBounds(element.fill, element.stroke)) {
+    bounds = cornerBounds(corners[0], corners[2], scale.pixels(element.stroke.strokeWidth));
+  }
+  const float rx = cornerRadius(scale.pixels(element.rx), box.width);
+  const float ry = cornerRadius(scale.pixels(element.ry), box.height);
+  const bool round = rx != 0.0F || ry != 0.0F;
+  _egf_obj* object =
+      round ? adapter._getPathRect(corners, rx, ry, map) : adapter._getBoxRect(corners, map);
+  if (object == nullptr) return nullptr;
+  const auto setParms = round ? &CAdapterReader::_setPathParms : &CAdapterReader::_setPgonParms;
+  const int result =
+      (adapter.*setParms)(object, bounds, map, element.fill, element.stroke, element.graphics);
+  return result == 0 ? object : nullptr;  // else the setter has destroyed it
 }
 
 }  // namespace
@@ -127,10 +175,12 @@ ObjectOwner mappedBox(const _mpl_spacept_tag (&corners)[kRectCorners], const _vi
 using namespace egfsvg;
 
 _egf_obj* CAdapterReader::_getBoxRect(_mpl_spacept_tag* corners, _viewPortMap* by) {
-  _mpl_spacept_tag four[kRectCorners];
-  std::memcpy(four, corners, sizeof four);
-  PointBox unused;
-  return mappedBox(four, by, &unused).release();
+  ObjectOwner object = emptyBox();
+  if (!object) return nullptr;
+  _mpl_spacept_tag* places = as<EgfPolygon>(object.get())->points.get();
+  std::memcpy(places, corners, kRectCorners * sizeof *corners);
+  mapPoints(places, kRectCorners, by);
+  return object.release();
 }
 
 /// Straight edges are no objects: the host joins a path's children. Arcs can be moved and scaled,
@@ -157,26 +207,8 @@ _egf_obj* CAdapterReader::SVG_formatEGFRect(_svg_rect* element) {
   const PixelScale scale(*this);
   const PixelBox box{scale.pixels(element->x), scale.pixels(element->y),
                      scale.pixels(element->width), scale.pixels(element->height)};
-  _mpl_spacept_tag corners[kRectCorners];
-  rectCorners(box, corners);
-  // Kept: the whole pen width is added where lines add half of it.
-  _mpl_spacerect_tag bounds{};
-  if (needsBounds(element->fill, element->stroke)) {
-    bounds = cornerBounds(corners[0], corners[2], scale.pixels(element->stroke.strokeWidth));
-  }
-  const float rx = cornerRadius(scale.pixels(element->rx), box.width);
-  const float ry = cornerRadius(scale.pixels(element->ry), box.height);
-  if (rx != 0.0F || ry != 0.0F) {
-    _egf_obj* path = _getPathRect(corners, rx, ry, by.get());
-    const bool finished = path != nullptr && _setPathParms(path, bounds, by.get(), element->fill,
-                                                           element->stroke, element->graphics) == 0;
-    return finished ? path : nullptr;
-  }
-  PointBox onPage;
-  ObjectOwner object = mappedBox(corners, by.get(), &onPage);
-  if (!object) return nullptr;
-  const ShapeScene scene{element->fill, element->stroke, element->graphics,
-                         bounds,        by.get(),        &onPage};
-  finishPolygon(*this, object, scene, kFigureClosed, false);
-  return object.release();
+  const bool usual = isSharp(scale.pixels(element->rx), scale.pixels(element->ry), box) &&
+                     isPlain(element->fill, element->stroke);
+  return usual ? formatBox(*this, *element, box, by.get())
+               : formatRect(*this, *element, box, by.get());
 }

@@ -17,10 +17,10 @@ struct ShapeScene {
   const PointBox* box;        // of the points on the page; null: not at hand
 };
 
-/// Pen, fill, style numbers and bounds of a polygon whose points are set. Caps are for open figures
-/// without dashes, where the formatter asks for them. 0, or -1 after destroying the object.
+/// Pen, fill, style numbers and bounds of a polygon whose points are set, as an open or a closed
+/// figure. 0, or -1 after destroying the object.
 int finishPolygon(CAdapterReader& adapter, ObjectOwner& object, const ShapeScene& scene,
-                  unsigned figure, bool openCaps);
+                  unsigned figure);
 
 /// A polyline or polygon element by what both have.
 struct PointShape {

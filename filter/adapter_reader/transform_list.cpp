@@ -18,7 +18,7 @@ void multiplyBy(MatrixRows& running, const PlaneColumns& right) {
 }
 
 template <class Rows>
-void translate(double x, double y, Rows& running) {
+[[gnu::always_inline]] inline void translate(double x, double y, Rows& running) {
   multiplyBy(running, {{1.0, 0.0}, {0.0, 1.0}, {x, y}});
 }
 

@@ -45,6 +45,16 @@ bool isFinite(const PlaneColumns& plane);
 /// The whole matrix.
 void setMatrix(const PlaneColumns& plane, MatrixRows& whole);
 
+/// The same of a plane whose numbers are all finite: its zeros lose their sign.
+inline void multiplyIdentity(const PlaneColumns& finite, MatrixRows& product) {
+  for (int row = 0; row < 2; ++row) {
+    for (int column = 0; column < 3; ++column) product[row][column] = finite[column][row] + 0.0;
+  }
+  product[2][0] = 0.0;
+  product[2][1] = 0.0;
+  product[2][2] = 1.0;
+}
+
 /// A matrix as shear, then scale, then rotation in radians.
 struct Decomposition {
   double shear;

@@ -30,6 +30,7 @@ class RandomGroups {
   void shuffle() {
     fill.fillColor = colour();
     fill.fillOpacity = opacity();
+    fill.fillRule = static_cast<std::int32_t>(pick(4));
     stroke.strokeColor = colour();
     stroke.strokePresent = static_cast<std::uint8_t>(pick(3));
     constexpr std::int32_t kUnits[] = {kUnitPixel, kUnitPixel, kUnitPercent, kUnitInch, 0};
@@ -88,19 +89,18 @@ TEST_F(PlainPaint, PolygonsAreTheSame) {
     groups_.shuffle();
     Pair<EgfPolygon> pair(kClassPolygon);
     const unsigned figure = groups_.pick(2) == 0 ? kFigureOpen : kFigureClosed;
-    const bool openCaps = groups_.pick(2) == 0;
-    for (EgfPolygon* polygon : {pair.stepwise(), pair.plain()}) {
-      polygon->pen = kPolygonPen;
-      polygon->pen.modeFlags = FigureBits::with(polygon->pen.modeFlags, figure);
-    }
+    for (EgfPolygon* polygon : {pair.stepwise(), pair.plain()}) polygon->pen = kPolygonPen;
     FilledPen& pen = filledPen(pair.stepwise()->pen);
+    const auto rule = static_cast<unsigned>(page_->castFillMode(groups_.fill.fillRule));
+    pen.modeFlags = FillRuleBits::with(FigureBits::with(pen.modeFlags, figure), rule);
+    pair.stepwise()->pen.scaleFactor = 1.0;
     FilledPaint paint(page_.adapter(), groups_.fill, groups_.stroke, groups_.graphics);
     paint.setShapePen(pen);
     paint.setFillStyle(pen);
     paint.setJoin(pen);
-    if (openCaps && figure == kFigureOpen && pen.lineStyle == kLineSolid) paint.setCaps();
+    if (figure == kFigureOpen && pen.lineStyle == kLineSolid) paint.setCaps();
     paint.storeStyles(kPolygonForm, headOf(pair.stepwise()));
-    paintPlainPolygon(page_.adapter(), groups_.fill, groups_.stroke, groups_.graphics, openCaps,
+    paintPlainPolygon(page_.adapter(), groups_.fill, groups_.stroke, groups_.graphics, figure,
                       pair.plain());
     ASSERT_TRUE(pair.isSame()) << round;
     styled_ += pair.plain()->fillParmsNo != 0 ? 1 : 0;

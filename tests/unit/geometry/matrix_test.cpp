@@ -100,5 +100,21 @@ TEST(Matrix, TheIdentityTimesAMatrix) {
   }
 }
 
+TEST(Matrix, TheIdentityTimesAFinitePlane) {
+  std::mt19937 random(4);
+  for (int i = 0; i < kRounds; ++i) {
+    PlaneColumns plane;
+    fill(plane, random, true);
+    MatrixRows whole;
+    setMatrix(plane, whole);
+    MatrixRows expected;
+    copyMatrix(kIdentityRows, expected);
+    multiplyMatrix(expected, whole);
+    MatrixRows got;
+    multiplyIdentity(plane, got);
+    ASSERT_TRUE(same(got, expected)) << i;
+  }
+}
+
 }  // namespace
 }  // namespace egfsvg::test
