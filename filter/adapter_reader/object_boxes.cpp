@@ -7,15 +7,19 @@
 namespace egfsvg {
 namespace {
 
-bool take(_mpl_spacerect_tag kept, _mpl_spacerect_tag* box) {
+bool take(const _mpl_spacerect_tag& kept, _mpl_spacerect_tag* box) {
   *box = kept;
   return !isNone(kept);
 }
 
-bool boxOfEnds(_mpl_spacept_tag start, _mpl_spacept_tag end, _mpl_spacerect_tag* box) {
-  *box = {end.x < start.x ? end.x : start.x, end.x > start.x ? end.x : start.x,
-          end.y < start.y ? end.y : start.y, end.y > start.y ? end.y : start.y};
-  return (start.x + start.y + end.x + end.y) * 0.0F == 0.0F;  // else one may not be finite
+/// False when a coordinate is not finite.
+bool boxOfEnds(const _mpl_spacept_tag& start, const _mpl_spacept_tag& end,
+               _mpl_spacerect_tag* box) {
+  PointBox both;
+  both.include(&start);
+  both.include(&end);
+  *box = both.rect();
+  return both.isFinite();
 }
 
 /// Of a whole ellipse that is not turned.

@@ -1,5 +1,5 @@
-// Points that are at hand: their box, and whether neighbours meet. Both coordinates of a point are
-// compared at once with SSE2, else one by one, with the same results.
+// Points and boxes that are at hand: boxes of points, boxes that grow, and whether neighbours meet.
+// All coordinates are compared at once with SSE2, else one by one, with the same results.
 #pragma once
 
 #include <cstdint>
@@ -59,7 +59,44 @@ inline bool plainNeighboursMeet(const _mpl_spacept_tag* four) {
   return meet(0, 1) || meet(1, 2) || meet(2, 3);
 }
 
+inline bool plainIsNone(const _mpl_spacerect_tag& box) {
+  return box.left == 0.0F && box.right == 0.0F && box.top == 0.0F && box.bottom == 0.0F;
+}
+inline void plainGrowBox(_mpl_spacerect_tag* box, const _mpl_spacerect_tag& by) {
+  const _mpl_spacerect_tag old = *box;
+  if (plainIsNone(old)) {
+    *box = by;
+    return;
+  }
+  *box = {by.left < old.left ? by.left : old.left, by.right > old.right ? by.right : old.right,
+          by.top < old.top ? by.top : old.top, by.bottom > old.bottom ? by.bottom : old.bottom};
+}
+
 #if defined(__SSE2__)
+
+inline __m128 sidesOf(const _mpl_spacerect_tag& box) {
+  __m128 sides;
+  std::memcpy(&sides, &box, sizeof sides);
+  return sides;
+}
+
+/// Whether a rectangle is all zeros, of either sign, which stands for none.
+inline bool isNone(const _mpl_spacerect_tag& box) {
+  constexpr int kAll = 15;
+  return _mm_movemask_ps(_mm_cmpeq_ps(sidesOf(box), _mm_setzero_ps())) == kAll;
+}
+
+/// Grows a rectangle so that it holds another; none becomes a copy. The sides stand in turns, the
+/// low one and the high one of x, then of y.
+inline void growBox(_mpl_spacerect_tag* box, const _mpl_spacerect_tag& by) {
+  const __m128 old = sidesOf(*box);
+  const __m128 added = sidesOf(by);
+  const __m128 lows = _mm_castsi128_ps(_mm_setr_epi32(-1, 0, -1, 0));
+  const __m128 grown = _mm_or_ps(_mm_and_ps(lows, _mm_min_ps(added, old)),
+                                 _mm_andnot_ps(lows, _mm_max_ps(added, old)));
+  const __m128 result = isNone(*box) ? added : grown;
+  std::memcpy(box, &result, sizeof *box);
+}
 
 class PointBox {
  public:
@@ -116,6 +153,10 @@ class PointBox {
 #else
 
 using PointBox = PlainPointBox;
+inline bool isNone(const _mpl_spacerect_tag& box) { return plainIsNone(box); }
+inline void growBox(_mpl_spacerect_tag* box, const _mpl_spacerect_tag& by) {
+  plainGrowBox(box, by);
+}
 inline bool neighboursMeet(const _mpl_spacept_tag* four) { return plainNeighboursMeet(four); }
 
 #endif

@@ -92,6 +92,27 @@ TEST(BoxOfPoints, PairsHoldAndTakeBoxesAsSingleCoordinatesDo) {
   EXPECT_LT(held, kRounds / 2);
 }
 
+TEST(BoxOfPoints, GrowsAllSidesAtOnceAsOneByOne) {
+  std::mt19937 random(4);
+  int none = 0;
+  for (int round = 0; round < kRounds; ++round) {
+    const auto rect = [&]() -> _mpl_spacerect_tag {
+      if (random() % 6 == 0) return {0.0F, -0.0F, 0.0F, -0.0F};
+      return {coordinate(random), coordinate(random), coordinate(random), coordinate(random)};
+    };
+    _mpl_spacerect_tag sides = rect();
+    _mpl_spacerect_tag plain = sides;
+    const _mpl_spacerect_tag by = rect();
+    ASSERT_EQ(isNone(sides), plainIsNone(plain)) << round;
+    none += isNone(sides) ? 1 : 0;
+    growBox(&sides, by);
+    plainGrowBox(&plain, by);
+    ASSERT_EQ(std::memcmp(&sides, &plain, sizeof sides), 0) << round;
+  }
+  EXPECT_GT(none, kRounds / 10);
+  EXPECT_LT(none, kRounds / 2);
+}
+
 TEST(BoxOfPoints, NeighboursMeetWhereBothCoordinatesAreEqual) {
   std::mt19937 random(3);
   int met = 0;
