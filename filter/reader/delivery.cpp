@@ -56,9 +56,9 @@ int Delivery::sendParsed(const LeafKind& kind, _svg_common* parent, bool* tested
   void* const record = envelope.payload<char>();
   kind.init(record);
   envelope.fill();
-  const bool isWhole = kind.parse(reader_, record, parent, file_) == kOk;
+  const bool isWhole = kind.parse(reader_, record, parent) == kOk;
   if (reader_.state.outOfMemory || (!isWhole && broken == Broken::kDropped)) return kStopQuietly;
-  if (kind.checkedStroke != nullptr) checkStrokeConsistence(*kind.checkedStroke(record));
+  kind.checkStroke(record);
   if (!passesTests(reader_, kind.tests(record), tested)) return kGoOn;
   const int result = send(envelope);
   return isWhole || result != kGoOn ? result : int{kStopQuietly};

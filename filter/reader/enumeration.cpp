@@ -44,7 +44,11 @@ class Enumeration {
   int run(bool& finished);
 
  private:
-  using Work = void (Enumeration::*)();
+  using Work = void (*)(Enumeration&);
+  template <void (Enumeration::*Step)()>
+  static void does(Enumeration& self) {
+    (self.*Step)();
+  }
   static const TagTable<Work>& works();
 
   void openSvg();
@@ -84,29 +88,29 @@ class Enumeration {
 const TagTable<Enumeration::Work>& Enumeration::works() {
   using Self = Enumeration;
   static constexpr TagRow<Work> kRows[] = {
-      {kTagSvg, &Self::openSvg},
-      {kTagPath, &Self::leaf},
-      {kTagRect, &Self::leaf},
-      {kTagCircle, &Self::leaf},
-      {kTagEllipse, &Self::leaf},
-      {kTagLine, &Self::leaf},
-      {kTagPolyline, &Self::leaf},
-      {kTagPolygon, &Self::leaf},
-      {kTagImage, &Self::leaf},
-      {kTagGroup, &Self::group},
-      {kTagDefs, &Self::define},
-      {kTagEntity, &Self::define},
-      {kTagSymbol, &Self::define},
-      {kTagMarker, &Self::define},
-      {kTagPattern, &Self::define},
-      {kTagLink, &Self::link},
-      {kTagComment, &Self::comment},
-      {kTagUse, &Self::use},
-      {kTagClipPath, &Self::passClipPath},
-      {kTagEntityReference, &Self::entityReference},
-      {kTagSwitch, &Self::choose},
-      {kTagEndSvg, &Self::closeSvg},
-      {kTagEndGroup, &Self::closeGroup},
+      {kTagSvg, does<&Self::openSvg>},
+      {kTagPath, does<&Self::leaf>},
+      {kTagRect, does<&Self::leaf>},
+      {kTagCircle, does<&Self::leaf>},
+      {kTagEllipse, does<&Self::leaf>},
+      {kTagLine, does<&Self::leaf>},
+      {kTagPolyline, does<&Self::leaf>},
+      {kTagPolygon, does<&Self::leaf>},
+      {kTagImage, does<&Self::leaf>},
+      {kTagGroup, does<&Self::group>},
+      {kTagDefs, does<&Self::define>},
+      {kTagEntity, does<&Self::define>},
+      {kTagSymbol, does<&Self::define>},
+      {kTagMarker, does<&Self::define>},
+      {kTagPattern, does<&Self::define>},
+      {kTagLink, does<&Self::link>},
+      {kTagComment, does<&Self::comment>},
+      {kTagUse, does<&Self::use>},
+      {kTagClipPath, does<&Self::passClipPath>},
+      {kTagEntityReference, does<&Self::entityReference>},
+      {kTagSwitch, does<&Self::choose>},
+      {kTagEndSvg, does<&Self::closeSvg>},
+      {kTagEndGroup, does<&Self::closeGroup>},
   };
   static constexpr TagTable<Work> kTable(kRows);
   return kTable;
@@ -118,7 +122,7 @@ int Enumeration::run(bool& finished) {
   if (tag_ == kTagEnd) return kNothingToRead;
   do {
     tagIsGiven_ = false;
-    if (const Work work = works().find(tag_)) (this->*work)();
+    if (const Work work = works().find(tag_)) work(*this);
     if (!tagIsGiven_) nextTag();
     if (reader_.state.outOfMemory) return kOutOfMemory;
     ++reader_.secondPassTags;
@@ -156,28 +160,33 @@ void Enumeration::openSvg() {
   keepGoing_ = delivery_.sendSvg(*svg);
 }
 
-/// True when the attributes of the tag at hand are plain and no id among them names a page. Nothing
-/// is taken.
-bool namesNoPage(const cBuffer& source) {
-  if (source.block == nullptr) return false;
+bool holdsMarker(const char* first, const char* end) {
+  if (findByte(first, end, kPageMarker[0]) == end) return false;
+  const std::string_view text(first, static_cast<std::size_t>(end - first));
+  return text.find(kPageMarker) != text.npos;
+}
+
+/// True when the attributes of the group at hand are plain and no id among them names a page.
+/// Nothing is taken.
+bool namesNoPage(CHandlerReader& reader) {
+  const char* at = reader.buffer.unread();
+  if (at == nullptr) return false;
+  GuessedWalk walk(reader.state.guesses, kTagGroup);
   PlainAttribute found;
-  for (const char* at = source.unread();; at = found.next) {
-    const int code = scanPlain(at, source.unreadEnd(), found);
+  for (;; at = found.next) {
+    for (; walk.scan(at); at = walk.quote() + 1) {
+      if (walk.code() == kAttId && holdsMarker(walk.value(), walk.quote())) return false;
+    }
+    const int code = scanPlain(at, reader.buffer.unreadEnd(), found);
     if (code == kAttNoMore) return true;
     if (code == kAttOdd) return false;
-    if (code != kAttId) continue;
-    const char* const end = found.value + found.valueLength;
-    if (findByte(found.value, end, kPageMarker[0]) == end) continue;
-    if (std::string_view(found.value, found.valueLength).find(kPageMarker) !=
-        std::string_view::npos) {
-      return false;
-    }
+    if (code == kAttId && holdsMarker(found.value, found.value + found.valueLength)) return false;
   }
 }
 
 /// A page is told by an id that holds the marker.
 bool Enumeration::standsOnOtherPage() {
-  if (reader_.hasAttributes == 0 || namesNoPage(reader_.buffer)) return false;
+  if (reader_.hasAttributes == 0 || namesNoPage(reader_)) return false;
   bool isOther = false;
   readAttributesQuietly(reader_, [&](int code, const _svg_attrib_pair* pair) {
     if (code != kAttId || std::strstr(pair->value, kPageMarker) == nullptr) return;
@@ -188,6 +197,7 @@ bool Enumeration::standsOnOtherPage() {
 }
 
 void Enumeration::group() {
+  reader_.buffer.backToBlank();
   const std::int32_t attributes = reader_.buffer.getFileIndex();
   if (standsOnOtherPage()) return skipPage();
   if (reader_.buffer.getFileIndex() != attributes) reader_.buffer.setFileIndex(attributes);

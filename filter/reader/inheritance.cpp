@@ -5,6 +5,7 @@
 #include "model/rmm_allocator.h"
 #include "reader/element_layout.h"
 #include "reader/group_copies.h"
+#include "reader/shape_inheritance.h"
 #include "reader/svg_handlerreader.h"
 
 namespace egfsvg {
@@ -209,8 +210,13 @@ int CHandlerReader::InheritStyleAndTransform(void* element, int type) {
   auto* head = static_cast<_svg_common*>(element);
   if (head == nullptr) return -1;
   if (head->parent == nullptr) return 0;
-  _svg_pa scratch;
-  if (!inheritByType(element, type, *parentBlock(*this, head->parent, scratch))) return 0;
+  const _svg_pa* const open = blockOfOpen(*this, *head->parent);
+  if (open != nullptr && type == kTagGroup) {
+    inherit<_svg_group>(element, *open);
+  } else {
+    _svg_pa scratch;
+    if (!inheritByType(element, type, *parentBlock(*this, head->parent, scratch))) return 0;
+  }
   if (head->parent->transforms != nullptr) CopyOwnerTransformList(head);
   return 0;
 }

@@ -1,8 +1,11 @@
 #include "reader/leaf_kinds.h"
 
 #include <array>
+#include <cstddef>
 
+#include "model/element_defaults.h"
 #include "model/lifecycle.h"
+#include "reader/attribute_rows.h"
 
 namespace egfsvg {
 
@@ -10,42 +13,27 @@ namespace {
 
 enum class StrokeCheck { kNone, kDone };
 
-template <class Record, auto Init, auto Parse, StrokeCheck check = StrokeCheck::kNone>
-constexpr LeafKind leaf(int tag) {
-  LeafKind kind{};
-  kind.tag = tag;
-  kind.size = sizeof(Record);
-  kind.init = [](void* record) { Init(static_cast<Record*>(record)); };
-  kind.parse = [](CHandlerReader& reader, void* record, _svg_common* parent, QV_FILEID* file) {
-    auto* typed = static_cast<Record*>(record);
-    if constexpr (std::is_invocable_v<decltype(Parse), CHandlerReader&, Record*, _svg_common*>) {
-      static_cast<void>(file);
-      return (reader.*Parse)(typed, parent);
-    } else {
-      return (reader.*Parse)(typed, parent, file);
-    }
-  };
-  kind.tests = [](const void* record) -> const _svg_ta& {
-    return static_cast<const Record*>(record)->ta;
-  };
-  if constexpr (check == StrokeCheck::kDone) {
-    kind.checkedStroke = [](void* record) { return &static_cast<Record*>(record)->stroke; };
+template <class Record>
+constexpr LeafKind leaf(int tag, const Record& defaults, const ElementRow& row,
+                        StrokeCheck check = StrokeCheck::kNone) {
+  LeafKind kind{tag, sizeof(Record), &defaults, &row, offsetof(Record, ta)};
+  if constexpr (requires { defaults.stroke; }) {
+    if (check == StrokeCheck::kDone) kind.checkedStrokeAt = offsetof(Record, stroke);
   }
   return kind;
 }
 
-using Reader = CHandlerReader;
 constexpr auto kChecked = StrokeCheck::kDone;
 
 constexpr LeafKind kKinds[] = {
-    leaf<_svg_path, initPath, &Reader::ParsePathTagData>(kTagPath),
-    leaf<_svg_rect, initRect, &Reader::ParseRectTagData, kChecked>(kTagRect),
-    leaf<_svg_circle, initCircle, &Reader::ParseCircleTagData, kChecked>(kTagCircle),
-    leaf<_svg_ellipse, initEllipse, &Reader::ParseEllipseTagData, kChecked>(kTagEllipse),
-    leaf<_svg_line, initLine, &Reader::ParseLineTagData>(kTagLine),
-    leaf<_svg_polyline, initPolyline, &Reader::ParsePolylineTagData>(kTagPolyline),
-    leaf<_svg_polygon, initPolygon, &Reader::ParsePolygonTagData, kChecked>(kTagPolygon),
-    leaf<_svg_image, initImage, &Reader::ParseImageTagData>(kTagImage),
+    leaf(kTagPath, kDefaultPath, kPathRow),
+    leaf(kTagRect, kDefaultRect, kRectRow, kChecked),
+    leaf(kTagCircle, kDefaultCircle, kCircleRow, kChecked),
+    leaf(kTagEllipse, kDefaultEllipse, kEllipseRow, kChecked),
+    leaf(kTagLine, kDefaultLine, kLineRow),
+    leaf(kTagPolyline, kDefaultPolyline, kPolylineRow),
+    leaf(kTagPolygon, kDefaultPolygon, kPolygonRow, kChecked),
+    leaf(kTagImage, kDefaultImage, kImageRow),
 };
 
 constexpr auto kByTag = [] {
@@ -59,6 +47,12 @@ constexpr auto kByTag = [] {
 const LeafKind* leafKind(int tag) {
   const auto at = static_cast<std::size_t>(tag);
   return at < kByTag.size() ? kByTag[at] : nullptr;
+}
+
+void LeafKind::checkStroke(void* record) const {
+  if (checkedStrokeAt == 0) return;
+  char* const stroke = static_cast<char*>(record) + checkedStrokeAt;
+  checkStrokeConsistence(*reinterpret_cast<_svg_pa_stroke*>(stroke));
 }
 
 }  // namespace egfsvg

@@ -38,7 +38,7 @@ MembersEnd readMembers(CHandlerReader& reader, _svg_group* group, const LeafKind
       kind.init(slot);
     }
     ++seen;
-    end.result = kind.parse(reader, slot, &group->head, nullptr);
+    end.result = kind.parse(reader, slot, &group->head);
     if (end.result != kOk) return end;
   }
 }

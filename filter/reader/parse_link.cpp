@@ -80,7 +80,7 @@ class LinkChildren {
     Owned<_svg_objects> object = newObject(kind.tag);
     if (object == nullptr) return false;
     kind.init(&object->head);
-    kind.parse(reader_, &object->head, owner_, file_);
+    kind.parse(reader_, &object->head, owner_);
     return put(std::move(object));
   }
 

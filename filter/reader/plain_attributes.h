@@ -55,6 +55,46 @@ inline const char* usualValueEnd(const char* value) {
   return value + firstOf(ends);
 }
 
+/// A walk over attributes of the most usual form, whose values hold no zero byte. Their names are
+/// guessed first: the walk best begins at the blank behind the tag's name.
+class GuessedWalk {
+ public:
+  GuessedWalk(AttributeGuess& guesses, std::int32_t elementType)
+      : guesses_(guesses), place_(AttributeGuess::first(elementType)) {}
+
+  /// Looks at the attribute at `at`, where the last one has ended. False for other forms and at the
+  /// end of the tag.
+  bool scan(const char* at) {
+    const NamePattern& guess = guesses_.at(place_);
+    if (guess.opens(at)) [[likely]] {
+      code_ = guess.code;
+      value_ = at + guess.length;
+    } else {
+      const char* name;
+      std::size_t length;
+      int code;
+      value_ = behindUsualName(at, name, length, code);
+      if (value_ == nullptr) return false;
+      code_ = static_cast<std::uint32_t>(code);
+      guesses_.remember(place_, code_);
+    }
+    place_ = AttributeGuess::behind(code_);
+    quote_ = usualValueEnd(value_);
+    return quote_ != nullptr && *quote_ != '\0';
+  }
+
+  std::uint32_t code() const { return code_; }
+  const char* value() const { return value_; }
+  const char* quote() const { return quote_; }  // that ends it
+
+ private:
+  AttributeGuess& guesses_;
+  AttributeGuess::Place place_;
+  std::uint32_t code_ = 0;
+  const char* value_ = nullptr;
+  const char* quote_ = nullptr;
+};
+
 /// An attribute of the most usual form, with a value without a zero byte. False for others.
 inline bool scanUsual(const char* at, PlainAttribute& found, int& code) {
   found.value = behindUsualName(at, found.name, found.nameLength, code);

@@ -61,8 +61,8 @@ class SpareBlocks {
   static constexpr int kMost = 4;                        // blocks kept
   static constexpr std::int32_t kLargestKept = 1 << 20;  // bytes
 
-  Block takeAnother(std::int32_t size);
-  static void release(Block block);
+  [[gnu::noinline]] Block takeAnother(std::int32_t size);
+  [[gnu::noinline]] static void release(Block block);
 
   Block blocks_[kMost] = {};
   int count_ = 0;

@@ -109,7 +109,7 @@ int CHandlerReader::isSVGTagClosed(int start, int end) {
   ClosedTest test;
   if (const char* stretch = buffer.keptBytes(start, end)) {
     test.feed({stretch, static_cast<std::size_t>(end - start)});
-    buffer.setFileIndex(end);
+    if (buffer.getFileIndex() != end) buffer.setFileIndex(end);
     return test.closed() ? 1 : 0;
   }
   if (buffer.getFileIndex() != start) buffer.setFileIndex(start);

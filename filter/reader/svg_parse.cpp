@@ -3,6 +3,7 @@
 #include "frame/result_codes.h"
 #include "model/lifecycle.h"
 #include "reader/attribute_rows.h"
+#include "reader/leaf_kinds.h"
 #include "reader/reports.h"
 #include "reader/shape_inheritance.h"
 #include "reader/svg_handlerreader.h"
@@ -30,43 +31,40 @@ int parseLeaf(CHandlerReader& reader, const ElementRow& row, _svg_common* record
   return readOwnAttributes(reader, row, record, tag);
 }
 
-/// A leaf with test attributes.
-template <class Record>
-int parseTestedLeaf(CHandlerReader& reader, const ElementRow& row, Record* record,
-                    _svg_common* parent, int tag) {
-  const int result = parseLeaf(reader, row, &record->head, parent, tag);
-  if (result != kOk) DestroyTAElements(&record->ta);
+}  // namespace
+
+int egfsvg::LeafKind::parse(CHandlerReader& reader, void* record, _svg_common* parent) const {
+  const int result = parseLeaf(reader, *row, static_cast<_svg_common*>(record), parent, tag);
+  if (result != kOk) DestroyTAElements(&tests(record));
   return result;
 }
 
-}  // namespace
-
 int CHandlerReader::ParseRectTagData(_svg_rect* record, _svg_common* parent) {
-  return parseTestedLeaf(*this, kRectRow, record, parent, kTagRect);
+  return leafKind(kTagRect)->parse(*this, record, parent);
 }
 
 int CHandlerReader::ParseCircleTagData(_svg_circle* record, _svg_common* parent) {
-  return parseTestedLeaf(*this, kCircleRow, record, parent, kTagCircle);
+  return leafKind(kTagCircle)->parse(*this, record, parent);
 }
 
 int CHandlerReader::ParseEllipseTagData(_svg_ellipse* record, _svg_common* parent) {
-  return parseTestedLeaf(*this, kEllipseRow, record, parent, kTagEllipse);
+  return leafKind(kTagEllipse)->parse(*this, record, parent);
 }
 
 int CHandlerReader::ParseLineTagData(_svg_line* record, _svg_common* parent) {
-  return parseTestedLeaf(*this, kLineRow, record, parent, kTagLine);
+  return leafKind(kTagLine)->parse(*this, record, parent);
 }
 
 int CHandlerReader::ParsePolylineTagData(_svg_polyline* record, _svg_common* parent) {
-  return parseTestedLeaf(*this, kPolylineRow, record, parent, kTagPolyline);
+  return leafKind(kTagPolyline)->parse(*this, record, parent);
 }
 
 int CHandlerReader::ParsePolygonTagData(_svg_polygon* record, _svg_common* parent) {
-  return parseTestedLeaf(*this, kPolygonRow, record, parent, kTagPolygon);
+  return leafKind(kTagPolygon)->parse(*this, record, parent);
 }
 
 int CHandlerReader::ParsePathTagData(_svg_path* record, _svg_common* parent) {
-  return parseTestedLeaf(*this, kPathRow, record, parent, kTagPath);
+  return leafKind(kTagPath)->parse(*this, record, parent);
 }
 
 int CHandlerReader::ParseStopTagData(_svg_stop* record, _svg_common* parent) {
@@ -82,7 +80,7 @@ int CHandlerReader::ParseDefsTagData(_svg_defs* record, _svg_common* parent) {
 
 /// `file` names the source, beside which links are looked for.
 int CHandlerReader::ParseImageTagData(_svg_image* record, _svg_common* parent, QV_FILEID* file) {
-  const int result = parseTestedLeaf(*this, kImageRow, record, parent, kTagImage);
+  const int result = leafKind(kTagImage)->parse(*this, record, parent);
   static_cast<void>(file);
   return result;
 }

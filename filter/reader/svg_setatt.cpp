@@ -6,21 +6,6 @@
 
 namespace egfsvg {
 
-namespace {
-
-/// From the end of an attribute to the value of the next, when that has the most usual form, or 0.
-std::size_t lengthToUsualValue(const char* at, std::uint32_t& code) {
-  const char* name;
-  std::size_t nameLength;
-  int found;
-  const char* const value = behindUsualName(at, name, nameLength, found);
-  if (value == nullptr) return 0;
-  code = static_cast<std::uint32_t>(found);
-  return static_cast<std::size_t>(value - at);
-}
-
-}  // namespace
-
 void ElementRow::apply(CHandlerReader& reader, void* record, std::int32_t code,
                        _svg_attrib_pair* pair) const {
   if (static_cast<std::uint32_t>(code) >= kAttributeCodes) return;
@@ -44,30 +29,20 @@ bool ElementRow::applyOther(CHandlerReader& reader, void* record, int& code) con
 /// leave the source alone, so that the walk goes on where it is.
 void ElementRow::applyUsual(CHandlerReader& reader, void* record) const {
   cBuffer& source = reader.buffer;
+  source.backToBlank();
   char* at = source.unreadText();
   if (at == nullptr) return;
   const auto* head = static_cast<const _svg_common*>(record);
   const ElementTarget target{record, &groups_, head};
-  AttributeGuess& guesses = reader.state.guesses;
+  GuessedWalk walk(reader.state.guesses, head->type);
   PairInPlace pair;
-  for (AttributeGuess::Place place = AttributeGuess::first(head->type);;) {
-    const NamePattern& guess = guesses.at(place);
-    std::uint32_t code = guess.code;
-    std::size_t before = guess.length;
-    if (!guess.opens(at)) [[unlikely]] {
-      before = lengthToUsualValue(at, code);
-      if (before == 0) return;
-      guesses.remember(place, code);
-    }
-    place = AttributeGuess::behind(code);
-    char* const value = at + before;
-    const char* const close = usualValueEnd(value);
-    if (close == nullptr || *close == '\0') return;
-    char* const quote = value + (close - value);
+  while (walk.scan(at)) {
+    char* const value = at + (walk.value() - at);
+    char* const quote = at + (walk.quote() - at);
     source.take(quote + 1 - at);
     at = quote + 1;
     reader.stepGauge();
-    const PlacedAction& action = actions_[code];
+    const PlacedAction& action = actions_[walk.code()];
     if (action.run == nullptr) continue;
     pair.with(value, quote, [&](_svg_attrib_pair* one) { action(reader, one, target); });
   }
