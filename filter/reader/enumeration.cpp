@@ -169,15 +169,16 @@ bool holdsMarker(const char* first, const char* end) {
 /// True when the attributes of the group at hand are plain and no id among them names a page.
 /// Nothing is taken.
 bool namesNoPage(CHandlerReader& reader) {
-  const char* at = reader.buffer.unread();
-  if (at == nullptr) return false;
+  const cBuffer& source = reader.buffer;
+  if (source.block == nullptr) return false;
+  const char* at = source.unread() - source.blanksBefore();
   GuessedWalk walk(reader.state.guesses, kTagGroup);
   PlainAttribute found;
   for (;; at = found.next) {
     for (; walk.scan(at); at = walk.quote() + 1) {
       if (walk.code() == kAttId && holdsMarker(walk.value(), walk.quote())) return false;
     }
-    const int code = scanPlain(at, reader.buffer.unreadEnd(), found);
+    const int code = scanPlain(at, source.unreadEnd(), found);
     if (code == kAttNoMore) return true;
     if (code == kAttOdd) return false;
     if (code == kAttId && holdsMarker(found.value, found.value + found.valueLength)) return false;
@@ -197,7 +198,6 @@ bool Enumeration::standsOnOtherPage() {
 }
 
 void Enumeration::group() {
-  reader_.buffer.backToBlank();
   const std::int32_t attributes = reader_.buffer.getFileIndex();
   if (standsOnOtherPage()) return skipPage();
   if (reader_.buffer.getFileIndex() != attributes) reader_.buffer.setFileIndex(attributes);
