@@ -61,11 +61,11 @@ class TagGuess {
   static constexpr std::size_t kSlots = 256;
 
   static std::size_t slotOf(const char* opener) {
-    constexpr std::uint32_t kSpread = 0x9E3779B1U;
+    constexpr std::uint32_t kGoldenRatio = 0x9E3779B1U;
     constexpr int kShift = 24;
     std::uint16_t first;
     std::memcpy(&first, opener + 1, sizeof first);
-    return first * kSpread >> kShift;
+    return first * kGoldenRatio >> kShift;
   }
 
   struct Patterns {
