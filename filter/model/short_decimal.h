@@ -23,7 +23,8 @@ namespace detail {
 
 inline constexpr std::ptrdiff_t kShortDecimalSize = 7;
 
-/// Powers of ten and their negatives, by the count of decimals: dividing by these turns the sign.
+/// Powers of ten and their negatives, by twice the count of decimals: dividing by these turns the
+/// sign.
 inline constexpr double kSignedPowersOfTen[] = {1e0,  -1e0, 1e1,  -1e1, 1e2,  -1e2, 1e3,
                                                 -1e3, 1e4,  -1e4, 1e5,  -1e5, 1e6,  -1e6};
 
@@ -77,34 +78,73 @@ class PlainShortDecimal {
 
 namespace detail {
 
-/// What a pattern of digits among eight bytes tells of a number at their start that has a point.
+/// The numbers that the digits of both halves make: pairs, fours, eights.
+inline __m128d sumsOfDigits(__m128i digits) {
+  // Every other pair comes twice, and counts half: compilers would take one factor for all apart.
+  constexpr short kPair = 10 * 0x100 + 1;
+  const __m128i pairs =
+      _mm_srli_epi16(_mm_mullo_epi16(digits, _mm_set_epi16(kPair, 2 * kPair, kPair, 2 * kPair,
+                                                           kPair, 2 * kPair, kPair, 2 * kPair)),
+                     8);
+  const __m128i fours = _mm_madd_epi16(pairs, _mm_set1_epi32(0x10000 + 100 / 2));
+  const __m128i eights =
+      _mm_madd_epi16(_mm_packs_epi32(fours, fours), _mm_set1_epi32(0x10000 + 10000));
+  return _mm_cvtepi32_pd(eights);
+}
+
+/// How a number at the start of eight bytes is made of its digits.
 struct alignas(16) DigitPattern {
-  std::uint64_t throughPoint;  // the bytes up to the point, and it
+  std::uint64_t throughPoint;  // with the last digit on top: the bytes up to its point, and it
   std::uint32_t point;         // where the first byte stands that is no digit
   std::uint32_t divisor;       // in kSignedPowersOfTen, of a positive number
   std::int32_t shift;          // in bits: brings the last digit into the top byte
-  std::uint32_t end;           // 0 when it does not stand in the eight bytes
+  std::uint32_t end;           // or kNoEnd when there is no number that ends in the eight bytes
 };
 
 inline constexpr int kWordBits = 64;
+inline constexpr unsigned kWordBytes = 8;
+inline constexpr std::uint32_t kNoEnd = 0xFF;
 
-/// By a mask of the bytes that are digits.
+/// Of a number with a point, by a mask of the bytes that are digits.
 inline constexpr auto kDigitPatterns = [] {
-  constexpr unsigned kBytes = 8;
-  std::array<DigitPattern, 1 << kBytes> rows{};
+  std::array<DigitPattern, 1 << kWordBytes> rows{};
   for (unsigned digits = 0; digits < rows.size(); ++digits) {
     const unsigned others = ~digits & (rows.size() - 1);
     const auto point = static_cast<unsigned>(std::countr_one(digits));
     const auto end = static_cast<unsigned>(std::countr_zero(others & (others - 1)));
     rows[digits].point = point;
-    if (end >= kBytes || end == 1) continue;  // a point alone is no number
-    rows[digits].throughPoint = ~std::uint64_t{0} >> (kWordBits - 8 * (point + 1));
+    rows[digits].end = kNoEnd;
+    if (end >= kWordBytes || end == 1) continue;  // a point alone is no number
+    rows[digits].throughPoint = ~std::uint64_t{0} >> (8 * (end - point - 1));
     rows[digits].divisor = 2 * (end - point - 1);
     rows[digits].shift = kWordBits - 8 * static_cast<int>(end);
     rows[digits].end = end;
   }
   return rows;
 }();
+
+/// Of a number without one, by the count of its digits.
+inline constexpr auto kWholePatterns = [] {
+  std::array<DigitPattern, kWordBytes + 1> rows{};
+  rows[0].end = rows[kWordBytes].end = kNoEnd;
+  for (unsigned size = 1; size < kWordBytes; ++size) {
+    rows[size].shift = kWordBits - 8 * static_cast<int>(size);
+    rows[size].end = size;
+  }
+  return rows;
+}();
+
+/// The pattern of the number at `at`. `digits` tells which of eight bytes are digits.
+inline const DigitPattern& patternOf(const char* at, std::uint8_t digits) {
+  const DigitPattern& row = kDigitPatterns[digits];
+  return at[row.point] == '.' ? row : kWholePatterns[row.point];
+}
+
+/// Digits whose last is on top, with the gaps of points closed.
+inline __m128i withoutPoints(__m128i digits, __m128i throughPoint) {
+  const __m128i move = _mm_xor_si128(_mm_slli_epi64(digits, 8), digits);
+  return _mm_xor_si128(digits, _mm_and_si128(move, throughPoint));
+}
 
 }  // namespace detail
 
@@ -113,30 +153,29 @@ class Sse2ShortDecimal {
   [[gnu::always_inline]] static Sse2ShortDecimal scan(const char* at) {
     const std::size_t negative = *at == '-' ? 1 : 0;
     at += negative;
-    const __m128i digits = _mm_xor_si128(loadHalf(at), _mm_set1_epi8('0'));
+    const __m128i digits =
+        _mm_xor_si128(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(at)), _mm_set1_epi8('0'));
     const __m128i areDigits = _mm_cmpeq_epi8(_mm_min_epu8(digits, _mm_set1_epi8(9)), digits);
     const auto mask = static_cast<std::uint8_t>(_mm_movemask_epi8(areDigits));
-    const detail::DigitPattern& row = detail::kDigitPatterns[mask];
-    if (at[row.point] != '.') [[unlikely]]
-      return integer(at, digits, row.point, negative);
-    if (row.end == 0) return {digits, 0, nullptr};
-    const __m128i move =
-        _mm_and_si128(_mm_xor_si128(_mm_slli_epi64(digits, 8), digits), load(&row.throughPoint));
-    return {_mm_sll_epi64(_mm_xor_si128(move, digits), _mm_cvtsi32_si128(row.shift)),
-            row.divisor + negative, at + row.end};
+    const detail::DigitPattern& row = detail::patternOf(at, mask);
+    if (row.end == detail::kNoEnd) return {digits, 0, nullptr};
+    const __m128i moved = _mm_sll_epi64(digits, _mm_cvtsi32_si128(row.shift));
+    const __m128i throughPoint =
+        _mm_load_si128(reinterpret_cast<const __m128i*>(&row.throughPoint));
+    return {detail::withoutPoints(moved, throughPoint), row.divisor + negative, at + row.end};
   }
 
   const char* end() const { return end_; }
   double value() const {
-    return _mm_cvtsd_f64(
-        _mm_div_sd(sums(digits_), _mm_load_sd(detail::kSignedPowersOfTen + divisor_)));
+    return _mm_cvtsd_f64(_mm_div_sd(detail::sumsOfDigits(digits_),
+                                    _mm_load_sd(detail::kSignedPowersOfTen + divisor_)));
   }
   static void values(const Sse2ShortDecimal& first, const Sse2ShortDecimal& second,
                      double& firstOut, double& secondOut) {
     const __m128d divisors = _mm_loadh_pd(_mm_load_sd(detail::kSignedPowersOfTen + first.divisor_),
                                           detail::kSignedPowersOfTen + second.divisor_);
-    const __m128d result =
-        _mm_div_pd(sums(_mm_unpacklo_epi64(first.digits_, second.digits_)), divisors);
+    const __m128d result = _mm_div_pd(
+        detail::sumsOfDigits(_mm_unpacklo_epi64(first.digits_, second.digits_)), divisors);
     _mm_storel_pd(&firstOut, result);
     _mm_storeh_pd(&secondOut, result);
   }
@@ -144,35 +183,6 @@ class Sse2ShortDecimal {
  private:
   Sse2ShortDecimal(__m128i digits, std::size_t divisor, const char* end)
       : digits_(digits), divisor_(divisor), end_(end) {}
-
-  /// `size` digits and no point.
-  [[gnu::always_inline]] static Sse2ShortDecimal integer(const char* at, __m128i digits,
-                                                         std::uint32_t size, std::size_t negative) {
-    if (size == 0 || size > detail::kShortDecimalSize) return {digits, 0, nullptr};
-    const __m128i shift = _mm_cvtsi32_si128(detail::kWordBits - 8 * static_cast<int>(size));
-    return {_mm_sll_epi64(digits, shift), negative, at + size};
-  }
-
-  /// The numbers that the digits of both halves make: pairs, fours, eights.
-  static __m128d sums(__m128i digits) {
-    // Every other pair comes twice, and counts half: compilers would take one factor for all apart.
-    constexpr short kPair = 10 * 0x100 + 1;
-    const __m128i pairs =
-        _mm_srli_epi16(_mm_mullo_epi16(digits, _mm_set_epi16(kPair, 2 * kPair, kPair, 2 * kPair,
-                                                             kPair, 2 * kPair, kPair, 2 * kPair)),
-                       8);
-    const __m128i fours = _mm_madd_epi16(pairs, _mm_set1_epi32(0x10000 + 100 / 2));
-    const __m128i eights =
-        _mm_madd_epi16(_mm_packs_epi32(fours, fours), _mm_set1_epi32(0x10000 + 10000));
-    return _mm_cvtepi32_pd(eights);
-  }
-
-  static __m128i load(const std::uint64_t* aligned) {
-    return _mm_load_si128(reinterpret_cast<const __m128i*>(aligned));
-  }
-  static __m128i loadHalf(const void* from) {
-    return _mm_loadl_epi64(static_cast<const __m128i*>(from));
-  }
 
   __m128i digits_;  // of its lower half each byte, the last on top
   std::size_t divisor_;

@@ -10,7 +10,7 @@
 #include "model/lifecycle.h"
 #include "model/numbers.h"
 #include "model/path_commands.h"
-#include "model/short_decimal.h"
+#include "model/decimal_pair.h"
 #include "reader/path_numbers.h"
 #include "reader/path_rows.h"
 #include "reader/path_text.h"
@@ -169,9 +169,8 @@ bool PathWalk::curve() {
 /// Takes as many commands of the usual form as follow, within the room that the sub-path has. False
 /// when there are none.
 bool PathWalk::takePlainCommands() {
-  constexpr std::ptrdiff_t kReach = 2 * kShortDecimalReach;
-  if (readable_ - at_ < kReach) return false;
-  const char* const lastStart = readable_ - kReach;
+  if (readable_ - at_ < kDecimalPairReach) return false;
+  const char* const lastStart = readable_ - kDecimalPairReach;
   _svg_path_data* const first = records_.next();
   const std::ptrdiff_t left = kMaxPathRecords - storedRecords_ - records_.count();
   _svg_path_data* const full = first + std::min(records_.full() - first, left);

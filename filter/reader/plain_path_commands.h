@@ -8,6 +8,7 @@
 #include <cstdint>
 
 #include "model/characters.h"
+#include "model/decimal_pair.h"
 #include "model/short_decimal.h"
 #include "reader/path_numbers.h"
 #include "reader/path_rows.h"
@@ -55,7 +56,7 @@ namespace detail {
 inline bool isPathSeparator(char c) { return c == ' ' || c == ','; }
 
 /// One number at `at`; its end, or null.
-inline const char* takePlainNumber(const char* at, const char* lastStart, _svg_path_data& record) {
+inline const char* takeNumberAlong(const char* at, const char* lastStart, _svg_path_data& record) {
   if (at > lastStart) return nullptr;
   const ShortDecimal number = ShortDecimal::scan(at);
   if (number.end() == nullptr || !isPathByte(*number.end(), kSurelyEndsNumber)) return nullptr;
@@ -64,24 +65,47 @@ inline const char* takePlainNumber(const char* at, const char* lastStart, _svg_p
   return number.end();
 }
 
+/// Sets a point in pixels.
+template <class Pair>
+void setPoint(_svg_value& x, _svg_value& y, const Pair& pair) {
+  x.unit = y.unit = kUnitPixel;
+  x.axis = y.axis = kAxisNone;
+  pair.values(x.value, y.value);
+}
+
+/// A point of numbers that are too long for one look.
+struct LongPoint {
+  ShortDecimal x, y;
+  void values(double& xOut, double& yOut) const { ShortDecimal::values(x, y, xOut, yOut); }
+};
+[[gnu::noinline]] inline const char* takeLongPoint(const char* at, _svg_value& x, _svg_value& y) {
+  const ShortDecimal first = ShortDecimal::scan(at);
+  if (first.end() == nullptr) return nullptr;
+  const bool separated = isPathSeparator(*first.end());
+  if (!separated && *first.end() != '-') return nullptr;
+  const ShortDecimal second = ShortDecimal::scan(first.end() + (separated ? 1 : 0));
+  if (second.end() != nullptr) setPoint(x, y, LongPoint{first, second});
+  return second.end();
+}
+
+/// A point at `at`; where it ends, or null.
+inline const char* takePoint(const char* at, _svg_value& x, _svg_value& y) {
+  const DecimalPair pair = DecimalPair::scan(at);
+  if (pair.end() == nullptr) [[unlikely]]
+    return takeLongPoint(at, x, y);
+  if (!isPathSeparator(pair.between()) && pair.between() != '-') return nullptr;
+  setPoint(x, y, pair);
+  return pair.end();
+}
+
 /// Points at `at`; where they end, or null.
-inline const char* takePlainPoints(const char* at, const char* lastStart, int numbers,
-                                   _svg_path_data& record) {
+inline const char* takePoints(const char* at, const char* lastStart, int numbers,
+                              _svg_path_data& record) {
   if (numbers < kPathSlots) record.arg2 = record.arg3 = record.arg4 = record.arg5 = {};
   for (int i = 0;;) {
     if (at > lastStart) return nullptr;
-    const ShortDecimal x = ShortDecimal::scan(at);
-    if (x.end() == nullptr) return nullptr;
-    const bool separated = isPathSeparator(*x.end());
-    if (!separated && *x.end() != '-') return nullptr;
-    const ShortDecimal y = ShortDecimal::scan(x.end() + (separated ? 1 : 0));
-    if (y.end() == nullptr || !isPathByte(*y.end(), kSurelyEndsNumber)) return nullptr;
-    _svg_value& xOut = record.*kSlots[i];
-    _svg_value& yOut = record.*kSlots[i + 1];
-    xOut.unit = yOut.unit = kUnitPixel;
-    xOut.axis = yOut.axis = kAxisNone;
-    ShortDecimal::values(x, y, xOut.value, yOut.value);
-    at = y.end();
+    at = takePoint(at, record.*kSlots[i], record.*kSlots[i + 1]);
+    if (at == nullptr || !isPathByte(*at, kSurelyEndsNumber)) return nullptr;
     i += 2;
     if (i == numbers) return at;
     if (isPathSeparator(*at)) ++at;
@@ -103,8 +127,8 @@ inline const char* takePlainCommand(const char* at, const char* lastStart, bool 
   record.command = command;
   at += start.size;
   if (*at == ' ') ++at;
-  if (numbers == 1) return detail::takePlainNumber(at, lastStart, record);
-  at = detail::takePlainPoints(at, lastStart, numbers, record);
+  if (numbers == 1) return detail::takeNumberAlong(at, lastStart, record);
+  at = detail::takePoints(at, lastStart, numbers, record);
   if (at == nullptr) return nullptr;
   if (command == kPathLineAbs) {
     return isOutside(record.arg0.value) || isOutside(record.arg1.value) ? nullptr : at;

@@ -1,7 +1,7 @@
 // The points attribute of polylines and polygons.
 
+#include "model/decimal_pair.h"
 #include "model/gathered_array.h"
-#include "model/short_decimal.h"
 #include "reader/number_scan.h"
 #include "reader/svg_handlerreader.h"
 #include "reader/value_text.h"
@@ -28,21 +28,18 @@ const char* readCoordinate(_svg_value& out, const char* at, const char* last, Nu
 /// Takes points of the usual form, two short numbers with one separator behind each, as many as
 /// follow. Every rule reads these alike. Where another text follows, or the end.
 const char* readPlainPoints(Points& points, const char* at, const ValueText& text) {
-  constexpr std::ptrdiff_t kReach = 2 * kShortDecimalReach;
-  if (text.readable - at < kReach) return at;
-  const char* const lastStart = text.readable - kReach;
+  if (text.readable - at < kDecimalPairReach) return at;
+  const char* const lastStart = text.readable - kDecimalPairReach;
   _svg_point* place = points.next();
   for (; place != points.full() && at <= lastStart; ++place) {
-    const ShortDecimal x = ShortDecimal::scan(at);
-    if (x.end() == nullptr || !isListSeparator(*x.end())) break;
-    const ShortDecimal y = ShortDecimal::scan(x.end() + 1);
-    if (y.end() == nullptr) break;
-    const bool separated = isListSeparator(*y.end());
-    if (!separated && y.end() != text.last) break;
+    const DecimalPair pair = DecimalPair::scan(at);
+    if (pair.end() == nullptr || !isListSeparator(pair.between())) break;
+    const bool separated = isListSeparator(*pair.end());
+    if (!separated && pair.end() != text.last) break;
     place->x.unit = place->y.unit = kUnitPixel;
     place->x.axis = place->y.axis = kAxisWidth;
-    ShortDecimal::values(x, y, place->x.value, place->y.value);
-    at = y.end() + (separated ? 1 : 0);
+    pair.values(place->x.value, place->y.value);
+    at = pair.end() + (separated ? 1 : 0);
   }
   points.setNext(place);
   return at;
