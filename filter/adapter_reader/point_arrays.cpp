@@ -58,21 +58,32 @@ void rectCorners(const PixelBox& box, _mpl_spacept_tag (&corners)[kRectCorners])
   corners[3] = {right, top};
 }
 
-/// Corners share their coordinates, and so what a map makes of each.
+namespace {
+
+/// Stores four places and gives their box.
+template <class Place>
+[[gnu::always_inline]] inline PointBox storePlaces(const _mpl_spacept_tag (&corners)[kRectCorners],
+                                                   _mpl_spacept_tag* to, Place&& place) {
+  PointBox box;
+  for (int i = 0; i < kRectCorners; ++i) {
+    to[i] = place(corners[i]);
+    box.include(&to[i]);
+  }
+  return box;
+}
+
+}  // namespace
+
 PointBox placeCorners(const PixelBox& box, const _viewPortMap* map, _mpl_spacept_tag* to) {
   _mpl_spacept_tag corners[kRectCorners];
   rectCorners(box, corners);
-  PointBox onPage;
-  if (map == nullptr || isIdentity(*map)) {
-    std::memcpy(to, corners, sizeof corners);
-    return mapPoints(to, kRectCorners, map);
+  if (map == nullptr) return storePlaces(corners, to, [](auto corner) { return corner; });
+  if (isIdentity(*map)) {
+    const PointBox onPage = storePlaces(corners, to, unsignedZeros);
+    if (onPage.isFinite()) [[likely]]
+      return onPage;
   }
-  const PointMap mapped(map->matrix);
-  for (int i = 0; i < kRectCorners; ++i) {
-    to[i] = mapped(corners[i]);
-    onPage.include(&to[i]);
-  }
-  return onPage;
+  return storePlaces(corners, to, PointMap(map->matrix));
 }
 
 _mpl_spacept_tag* copiedPoints(const _mpl_spacept_tag* points, std::size_t count) {
