@@ -16,8 +16,9 @@
 
 namespace egfsvg {
 
-/// So many bytes must be readable where a short decimal is looked for.
-inline constexpr std::ptrdiff_t kShortDecimalReach = 9;
+/// So many bytes must be readable where a short decimal is looked for: a sign, eight digits and the
+/// byte that ends them.
+inline constexpr std::ptrdiff_t kShortDecimalReach = 10;
 
 namespace detail {
 
