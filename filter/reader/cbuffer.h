@@ -58,8 +58,6 @@ class cBuffer {
   const char* unreadEnd() const { return block == nullptr ? nullptr : block + blockLen; }
   /// The same bytes, to be changed for a while: a reader puts back what stood there.
   char* unreadText() { return block == nullptr ? nullptr : block + blockPos; }
-  /// 1 when the byte that was taken last is a blank and stands in the block, 0 otherwise.
-  int blanksBefore() const { return blockPos > 0 && block[blockPos - 1] == ' ' ? 1 : 0; }
   /// Takes the end of a tag, ">" or "/>", if it comes next in the block.
   bool takeTagEnd() {
     if (block == nullptr) return false;

@@ -171,7 +171,7 @@ bool holdsMarker(const char* first, const char* end) {
 bool namesNoPage(CHandlerReader& reader) {
   const cBuffer& source = reader.buffer;
   if (source.block == nullptr) return false;
-  const char* at = source.unread() - source.blanksBefore();
+  const char* at = source.unread();
   GuessedWalk walk(reader.state.guesses, kTagGroup);
   PlainAttribute found;
   for (;; at = found.next) {

@@ -119,6 +119,9 @@ bool readSixDigits(const char* text, _svg_color& color) {
   return true;
 }
 
+/// False for the usual paint, a "#" and digits; a keyword or a reference may be any other.
+bool isWord(const char* paint) { return *paint != '#'; }
+
 /// What stands in the brackets of "url(...)", without further brackets and blanks; null without
 /// memory.
 char* referenceText(const char* value) {
@@ -244,16 +247,19 @@ int CHandlerReader::SetColorPatt(_svg_pa_graphics* group, _svg_attrib_pair* pair
 // Kept: a colour undoes a fill-opacity of 0 that stands before it.
 int CHandlerReader::SetFillPatt(_svg_pa_fill* group, _svg_attrib_pair* pair) {
   using namespace egfsvg;
-  if (group == nullptr || !hasValue(pair) || isInherit(pair)) return 0;
-  if (isReference(pair->value)) {
-    setReference(*this, pair->value, group->fillUrl, group->fillGradient);
-    if (group->fillGradient == nullptr) group->fillOpacity = 0.0;
-    if (group->fillGradient != nullptr && group->fillOpacity == 0.0) group->fillOpacity = 1.0;
-    return 0;
+  if (group == nullptr || !hasValue(pair)) return 0;
+  if (isWord(pair->value)) {
+    if (isKeyword(pair->value, "inherit")) return 0;
+    if (isReference(pair->value)) {
+      setReference(*this, pair->value, group->fillUrl, group->fillGradient);
+      if (group->fillGradient == nullptr) group->fillOpacity = 0.0;
+      if (group->fillGradient != nullptr && group->fillOpacity == 0.0) group->fillOpacity = 1.0;
+      return 0;
+    }
   }
   freeAll(group->fillUrl);
   group->fillGradient = nullptr;
-  if (isKeyword(pair->value, "none")) {
+  if (isWord(pair->value) && isKeyword(pair->value, "none")) {
     group->fillOpacity = 0.0;
     return 0;
   }
@@ -265,15 +271,18 @@ int CHandlerReader::SetFillPatt(_svg_pa_fill* group, _svg_attrib_pair* pair) {
 // A reference strokes whether or not its gradient is found.
 int CHandlerReader::SetStrokePatt(_svg_pa_stroke* group, _svg_attrib_pair* pair) {
   using namespace egfsvg;
-  if (group == nullptr || !hasValue(pair) || isInherit(pair)) return 0;
-  if (isReference(pair->value)) {
-    setReference(*this, pair->value, group->strokeUrl, group->strokeGradient);
-    group->strokePresent = 1;
-    return 0;
+  if (group == nullptr || !hasValue(pair)) return 0;
+  if (isWord(pair->value)) {
+    if (isKeyword(pair->value, "inherit")) return 0;
+    if (isReference(pair->value)) {
+      setReference(*this, pair->value, group->strokeUrl, group->strokeGradient);
+      group->strokePresent = 1;
+      return 0;
+    }
   }
   freeAll(group->strokeUrl);
   group->strokeGradient = nullptr;
-  group->strokePresent = isKeyword(pair->value, "none") ? 0 : 1;
+  group->strokePresent = isWord(pair->value) && isKeyword(pair->value, "none") ? 0 : 1;
   group->strokeColor = parseColor(*this, pair);
   return 0;
 }

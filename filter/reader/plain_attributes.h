@@ -56,27 +56,25 @@ inline const char* usualValueEnd(const char* value) {
 }
 
 /// A walk over attributes of the most usual form, whose values hold no zero byte. Their names are
-/// guessed first: the walk best begins at the blank behind the tag's name.
+/// guessed first.
 class GuessedWalk {
  public:
   GuessedWalk(AttributeGuess& guesses, std::int32_t elementType)
       : guesses_(guesses), place_(AttributeGuess::first(elementType)) {}
 
-  /// Looks at the attribute at `at`, where the last one has ended. False for other forms and at the
-  /// end of the tag.
+  /// Looks at the attribute at `at`: the first behind the tag's name, or where the last one has
+  /// ended. False for other forms and at the end of the tag.
   bool scan(const char* at) {
     const NamePattern& guess = guesses_.at(place_);
     if (guess.opens(at)) [[likely]] {
       code_ = guess.code;
       value_ = at + guess.length;
     } else {
-      const char* name;
-      std::size_t length;
-      int code;
-      value_ = behindUsualName(at, name, length, code);
-      if (value_ == nullptr) return false;
-      code_ = static_cast<std::uint32_t>(code);
-      guesses_.remember(place_, code_);
+      if (isTagEnd(*at)) return false;
+      const FoundName found = lookUp(guesses_, place_, at);
+      if (found.value == nullptr) return false;
+      code_ = found.code;
+      value_ = found.value;
     }
     place_ = AttributeGuess::behind(code_);
     quote_ = usualValueEnd(value_);
@@ -88,11 +86,29 @@ class GuessedWalk {
   const char* quote() const { return quote_; }  // that ends it
 
  private:
+  static bool isTagEnd(char byte) { return byte == '/' || byte == '>'; }
+
+  struct FoundName {
+    const char* value;  // behind it; null for other forms
+    std::uint32_t code;
+  };
+
+  [[gnu::noinline]] static FoundName lookUp(AttributeGuess& guesses, AttributeGuess::Place place,
+                                            const char* at) {
+    const char* name;
+    std::size_t length;
+    int code;
+    const char* const value = behindUsualName(at, name, length, code);
+    if (value == nullptr) return {nullptr, 0};
+    guesses.remember(place, static_cast<std::uint32_t>(code));
+    return {value, static_cast<std::uint32_t>(code)};
+  }
+
   AttributeGuess& guesses_;
   AttributeGuess::Place place_;
-  std::uint32_t code_ = 0;
-  const char* value_ = nullptr;
-  const char* quote_ = nullptr;
+  std::uint32_t code_;
+  const char* value_;
+  const char* quote_;
 };
 
 /// An attribute of the most usual form, with a value without a zero byte. False for others.
@@ -153,8 +169,8 @@ void copyPlain(char* to, const char* from, std::size_t length) {
 }
 
 /// A pair without a name. A value of some length stays where it stands, in a block: while an action
-/// runs, a zero byte stands in place of the closing quote. A short one is copied by one store, since
-/// a load of several bytes that meets a byte stored just before has to wait.
+/// runs, a zero byte stands in place of the closing quote. A short one is copied by one store,
+/// since a load of several bytes that meets a byte stored just before has to wait.
 class PairInPlace {
  public:
   PairInPlace() {

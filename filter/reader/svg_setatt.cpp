@@ -29,11 +29,8 @@ bool ElementRow::applyOther(CHandlerReader& reader, void* record, int& code) con
 /// leave the source alone, so that the walk goes on where it is.
 void ElementRow::applyUsual(CHandlerReader& reader, void* record) const {
   cBuffer& source = reader.buffer;
-  if (source.block == nullptr) return;
-  const int blanks = source.blanksBefore();
-  source.take(-blanks);
-  char* const first = source.unreadText();
-  char* at = first;
+  char* at = source.unreadText();
+  if (at == nullptr) return;
   const auto* head = static_cast<const _svg_common*>(record);
   const ElementTarget target{record, &groups_, head};
   GuessedWalk walk(reader.state.guesses, head->type);
@@ -48,7 +45,6 @@ void ElementRow::applyUsual(CHandlerReader& reader, void* record) const {
     if (action.run == nullptr) continue;
     pair.with(value, quote, [&](_svg_attrib_pair* one) { action(reader, one, target); });
   }
-  if (at == first) source.take(blanks);
 }
 
 int ElementRow::applyAll(CHandlerReader& reader, void* record) const {
