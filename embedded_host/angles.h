@@ -16,6 +16,7 @@ struct Turn {
 };
 
 inline Turn turnOf(std::int64_t millionths) {
+  if (millionths == 0) return {1.0, 0.0};
   constexpr std::int64_t kQuarter = egfsvg::kFullTurn / 4;
   const std::int64_t angle =
       ((millionths % egfsvg::kFullTurn) + egfsvg::kFullTurn) % egfsvg::kFullTurn;

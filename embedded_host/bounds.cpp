@@ -5,7 +5,7 @@
 
 #include "embedded_host/fault.h"
 #include "embedded_host/layouts.h"
-#include "embedded_host/object_tree.h"
+#include "embedded_host/point_run.h"
 #include "embedded_host/text_measure.h"
 #include "host/egf.h"
 #include "host/egf_bits.h"
@@ -17,26 +17,6 @@ namespace egfhost {
 namespace {
 
 using namespace egfsvg;
-
-std::size_t positive(std::int64_t count) { return count > 0 ? static_cast<std::size_t>(count) : 0; }
-
-// The points of a polygon, a curve or a polyline.
-struct PointRun {
-  const _mpl_spacept_tag* at;
-  std::size_t count;
-  bool curve;
-};
-
-PointRun pointsOf(const EgfPolygon* polygon) {
-  const PointArray points = polygon->points;
-  return {points.get(), points ? positive(polygon->pointCount) : 0,
-          CurveBits::get(polygon->pen.modeFlags) == 1};
-}
-
-PointRun pointsOf(const EgfPolyline* polyline) {
-  const PointArray points = polyline->points;
-  return {points.get(), points ? polyline->pointCount : 0, false};
-}
 
 void include(Box& box, PointRun points) {
   if (points.curve) {
@@ -178,27 +158,6 @@ consteval std::array<BoundsRow, kLayoutCount> rowsByClass() {
 
 constexpr std::array<BoundsRow, kLayoutCount> kBoundsByClass = rowsByClass();
 
-_mpl_spacerect_tag unionOf(_mpl_spacerect_tag a, _mpl_spacerect_tag b) {
-  return {std::min<float>(a.left, b.left), std::max<float>(a.right, b.right),
-          std::min<float>(a.top, b.top), std::max<float>(a.bottom, b.bottom)};
-}
-
-// Grows the rectangle of a path by points. It is the rectangle itself that grows: of a curve that
-// does not leave it nothing more has to be known than that.
-void growPath(EgfPath* path, PointRun points) {
-  if (points.count == 0) return;
-  Box box = path->hasBounds != 0 ? Box(path->bounds) : Box();
-  include(box, points);
-  if (!box.isUnspoilt()) return;
-  path->bounds = box.rect();
-  path->hasBounds = 1;
-}
-
-void growPath(EgfPath* path, _mpl_spacerect_tag bounds) {
-  path->bounds = path->hasBounds != 0 ? unionOf(path->bounds, bounds) : bounds;
-  path->hasBounds = 1;
-}
-
 // Texts are measured once: the rectangle that they keep holds until it is recomputed.
 bool keptTextBounds(const _egf_obj* object, std::size_t slot, _mpl_spacerect_tag* bounds) {
   if (object->layoutClass != kClassText && object->layoutClass != kClassAnnotation) return false;
@@ -215,15 +174,36 @@ bool computeBounds(const _egf_obj* object, const BoundsRow& row, HostHandle map,
   return usable;
 }
 
-bool refreshPolygon(EgfPolygon* polygon) {
-  Box box;
-  include(box, pointsOf(polygon));
+// Keeps what a box has come to as the polygon's rectangle.
+inline bool keepBox(EgfPolygon* polygon, const Box& box) {
   const bool usable = box.isUsable();
   polygon->bounds = usable ? box.rect() : _mpl_spacerect_tag{};
   return usable;
 }
 
+[[gnu::noinline]] bool refreshCurve(EgfPolygon* polygon, PointRun points) {
+  Box box;
+  includeCurves(box, points.at, points.count);
+  return keepBox(polygon, box);
+}
+
+inline bool refreshPolygon(EgfPolygon* polygon) {
+  const PointRun points = pointsOf(polygon);
+  if (points.curve) return refreshCurve(polygon, points);
+  Box box;
+  box.include(points.at, points.count);
+  return keepBox(polygon, box);
+}
+
 const BoundsRow& rowOf(const _egf_obj* object) { return kBoundsByClass[object->layoutClass]; }
+
+[[gnu::noinline]] bool refreshByRow(_egf_obj* object, HostHandle map) {
+  const BoundsRow& row = rowOf(object);
+  _mpl_spacerect_tag bounds;
+  const bool usable = computeBounds(object, row, map, &bounds);
+  if (row.slot != 0) writePacked(object, row.slot, bounds);
+  return usable;
+}
 
 }  // namespace
 
@@ -237,42 +217,7 @@ bool refreshBounds(_egf_obj* object, HostHandle map) {
   if (object->layoutClass == kClassPolygon || object->layoutClass == kClassBox) {
     return refreshPolygon(as<EgfPolygon>(object));
   }
-  const BoundsRow& row = rowOf(object);
-  _mpl_spacerect_tag bounds;
-  const bool usable = computeBounds(object, row, map, &bounds);
-  if (row.slot != 0) writePacked(object, row.slot, bounds);
-  return usable;
-}
-
-void growContainer(_egf_obj* container, const _egf_obj* child, HostHandle map) {
-  const bool isPath = container->layoutClass == kClassPath;
-  if (isPath && child->layoutClass == kClassPolyline) {
-    return growPath(as<EgfPath>(container), pointsOf(as<EgfPolyline>(child)));
-  }
-  if (isPath && child->layoutClass == kClassPolygon) {
-    return growPath(as<EgfPath>(container), pointsOf(as<EgfPolygon>(child)));
-  }
-  _mpl_spacerect_tag bounds;
-  if (!boundsOf(child, map, &bounds)) return;
-  if (isPath) {
-    growPath(as<EgfPath>(container), bounds);
-  } else {
-    _mpl_spacerect_tag mer = as<EgfGroup>(container)->groupMer;
-    EEL_ExpandMer(&mer, &bounds);
-    as<EgfGroup>(container)->groupMer = mer;
-  }
-}
-
-void refreshContainer(_egf_obj* container, HostHandle map) {
-  if (container->layoutClass == kClassPath) {
-    as<EgfPath>(container)->hasBounds = 0;
-    as<EgfPath>(container)->bounds = {};
-  } else {
-    as<EgfGroup>(container)->groupMer = {};
-  }
-  for (const _egf_obj* at = firstChildOf(container); at != nullptr; at = at->next.get()) {
-    growContainer(container, at, map);
-  }
+  return refreshByRow(object, map);
 }
 
 }  // namespace egfhost
@@ -302,11 +247,6 @@ int EEL_GetObjectMer(_egf_obj* object, _mpl_spacerect_tag* mer, HostHandle map) 
   if (egfhost::faultFails(egfhost::FaultCall::EEL_GetObjectMer) || object == nullptr) return kNone;
   const _egf_obj* measured = objectOrRoot(object);
   return measured != nullptr && egfhost::boundsOf(measured, map, mer) ? 0 : kNone;
-}
-
-void EEL_ExpandMer(_mpl_spacerect_tag* mer, const _mpl_spacerect_tag* other) {
-  if (mer == nullptr || other == nullptr) return;
-  *mer = egfhost::isEmpty(*mer) ? *other : egfhost::unionOf(*mer, *other);
 }
 
 int EGF_CalcPolygonMer(_egf_obj* object, HostHandle map) { return recompute(object, map); }

@@ -14,7 +14,10 @@ bool boundsOf(const _egf_obj* object, HostHandle map, _mpl_spacerect_tag* bounds
 // there is none.
 bool refreshBounds(_egf_obj* object, HostHandle map);
 
-// Grows the rectangle of a group or path by that of a new child.
+// Grows the rectangle of a path by that of a new child.
+void growPath(egfsvg::EgfPath* path, const _egf_obj* child, HostHandle map);
+
+// The same for a group or a path.
 void growContainer(_egf_obj* container, const _egf_obj* child, HostHandle map);
 
 // Recomputes the rectangle of a group or path from its children's.

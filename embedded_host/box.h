@@ -14,12 +14,16 @@ class Box {
  public:
   Box() = default;
   // A box that is to grow from a rectangle, whose own values spoil nothing.
-  explicit Box(_mpl_spacerect_tag rect)
-      : low_(FloatPair::of(rect.left, rect.top)), high_(FloatPair::of(rect.right, rect.bottom)) {}
+  explicit Box(const _mpl_spacerect_tag& rect) : low_(lowCorner(rect)), high_(highCorner(rect)) {}
 
   void include(const _mpl_spacept_tag* points, std::size_t count) {
     Box grown = *this;  // in registers
-    for (std::size_t i = 0; i < count; ++i) grown.include(FloatPair::at(points + i));
+    std::size_t i = 0;
+    for (; i + 1 < count; i += 2) {
+      grown.include(FloatPair::at(points + i));
+      grown.include(FloatPair::at(points + i + 1));
+    }
+    if (i < count) grown.include(FloatPair::at(points + i));
     *this = grown;
   }
   void include(_mpl_spacept_tag point) { include(FloatPair::at(&point)); }

@@ -46,6 +46,21 @@ class FiniteCheck {
   __m128 seen_ = _mm_setzero_ps();
 };
 
+// The corners of a rectangle.
+inline __m128 sidesOf(const _mpl_spacerect_tag& rect) {
+  __m128 sides;
+  std::memcpy(&sides, &rect, sizeof sides);
+  return sides;
+}
+inline FloatPair lowCorner(const _mpl_spacerect_tag& rect) {
+  const __m128 sides = sidesOf(rect);
+  return {_mm_shuffle_ps(sides, sides, _MM_SHUFFLE(3, 1, 2, 0))};
+}
+inline FloatPair highCorner(const _mpl_spacerect_tag& rect) {
+  const __m128 sides = sidesOf(rect);
+  return {_mm_shuffle_ps(sides, sides, _MM_SHUFFLE(2, 0, 3, 1))};
+}
+
 // The rectangle between two corners.
 inline _mpl_spacerect_tag rectBetween(FloatPair low, FloatPair high) {
   const __m128 sides = _mm_unpacklo_ps(low.both, high.both);
@@ -82,6 +97,9 @@ class FiniteCheck {
  private:
   bool seen_ = true;
 };
+
+inline FloatPair lowCorner(const _mpl_spacerect_tag& rect) { return {rect.left, rect.top}; }
+inline FloatPair highCorner(const _mpl_spacerect_tag& rect) { return {rect.right, rect.bottom}; }
 
 inline _mpl_spacerect_tag rectBetween(FloatPair low, FloatPair high) {
   return {low.x, high.x, low.y, high.y};

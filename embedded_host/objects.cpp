@@ -43,16 +43,14 @@ _egf_obj* withHead(void* record, int objClass) {
   return record == nullptr ? nullptr : withHead(record, objClass);
 }
 
-[[gnu::noinline]] int growBy(_egf_obj* path, const _egf_obj* child) {
-  egfhost::growContainer(path, child, 0);
-  return 0;
-}
-
 inline int append(_egf_obj* parent, _egf_obj* object) {
   if (parent == nullptr || object == nullptr || object->parent) return kFailed;
   if (!egfhost::isContainer(parent)) return kFailed;
   egfhost::linkLast(parent, object);
-  return parent->layoutClass == egfsvg::kClassPath ? growBy(parent, object) : 0;
+  if (parent->layoutClass == egfsvg::kClassPath) {
+    egfhost::growPath(egfsvg::as<egfsvg::EgfPath>(parent), object, 0);
+  }
+  return 0;
 }
 
 [[gnu::noinline, gnu::cold]] int appendUnderFaults(_egf_obj* parent, _egf_obj* object) {

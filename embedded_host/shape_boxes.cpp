@@ -103,20 +103,19 @@ void includeCurve(Box& box, const _mpl_spacept_tag* p) {
   includeTurningPoints(box, {doublesAt(p), doublesAt(p + 1), doublesAt(p + 2), doublesAt(p + 3)});
 }
 
-}  // namespace
+void includeWhole(Box& box, _mpl_spacept_tag center, const TurnedEllipse& ellipse) {
+  const double halfWidth = ellipse.halfWidth();
+  const double halfHeight = ellipse.halfHeight();
+  box.include(center.x - halfWidth, center.y - halfHeight);
+  box.include(center.x + halfWidth, center.y + halfHeight);
+}
 
-void includeEllipse(Box& box, _mpl_spacept_tag center, double rx, double ry, std::int32_t rotation,
-                    std::int32_t start, std::int32_t end) {
-  const TurnedEllipse ellipse{std::fabs(rx), std::fabs(ry), turnOf(rotation)};
+[[gnu::noinline]] void includePart(Box& box, _mpl_spacept_tag center, const TurnedEllipse& ellipse,
+                                   std::int32_t start, std::int32_t end) {
   const double cx = center.x;
   const double cy = center.y;
   const double halfWidth = ellipse.halfWidth();
   const double halfHeight = ellipse.halfHeight();
-  if (isFullTurn(start, end)) {
-    box.include(cx - halfWidth, cy - halfHeight);
-    box.include(cx + halfWidth, cy + halfHeight);
-    return;
-  }
   const Turn first = turnOf(start);
   const Turn last = turnOf(end);
   box.include(cx + ellipse.x(first), cy + ellipse.y(first));
@@ -130,6 +129,18 @@ void includeEllipse(Box& box, _mpl_spacept_tag center, double rx, double ry, std
   if (isOnRun(right + std::numbers::pi, start, sweep)) box.include(cx - halfWidth, near);
   if (isOnRun(low, start, sweep)) box.include(beside, cy + halfHeight);
   if (isOnRun(low + std::numbers::pi, start, sweep)) box.include(beside, cy - halfHeight);
+}
+
+}  // namespace
+
+void includeEllipse(Box& box, _mpl_spacept_tag center, double rx, double ry, std::int32_t rotation,
+                    std::int32_t start, std::int32_t end) {
+  const TurnedEllipse ellipse{std::fabs(rx), std::fabs(ry), turnOf(rotation)};
+  if (isFullTurn(start, end)) {
+    includeWhole(box, center, ellipse);
+  } else {
+    includePart(box, center, ellipse, start, end);
+  }
 }
 
 void includeCurves(Box& box, const _mpl_spacept_tag* points, std::size_t count) {
