@@ -23,7 +23,7 @@ struct OwnedField {
 struct alignas(32) ObjectLayout {
   static constexpr std::size_t kMostOwned = 3;
 
-  RecordRoom room;            // of no bytes for a class that does not exist
+  std::uint16_t size;         // bytes of the record; 0 for a class that does not exist
   std::uint16_t childOffset;  // of the first-child link, the last-child link follows it; 0 for none
   std::uint8_t ownedCount;
   std::array<OwnedField, kMostOwned> ownedFields;  // without the children
@@ -35,7 +35,7 @@ inline constexpr std::size_t kLayoutCount = egfsvg::kClassHotspot + 1;
 
 consteval ObjectLayout layoutFrom(const egfsvg::RecordRow& record) {
   ObjectLayout layout{};
-  layout.room = roomForRecord(record.size);
+  layout.size = static_cast<std::uint16_t>(record.size);
   for (const egfsvg::FieldRow& row : record.fields) {
     if (row.kind == egfsvg::FieldKind::kFirstChild) {
       layout.childOffset = row.offset;
@@ -56,11 +56,22 @@ consteval std::array<ObjectLayout, kLayoutCount> allLayouts() {
 
 inline constexpr std::array<ObjectLayout, kLayoutCount> kLayouts = allLayouts();
 
+consteval std::array<RecordRoom, kLayoutCount> allRooms() {
+  std::array<RecordRoom, kLayoutCount> rooms{};
+  for (std::size_t i = 0; i < kLayoutCount; ++i) {
+    if (kLayouts[i].size != 0) rooms[i] = roomForRecord(kLayouts[i].size);
+  }
+  return rooms;
+}
+
+// The room for a record of each class, of no bytes for a class that does not exist.
+inline constexpr std::array<RecordRoom, kLayoutCount> kRecordRooms = allRooms();
+
 // The layout of a class; null for a class that the host does not know.
 inline const ObjectLayout* layoutOfClass(int objClass) {
   if (objClass < 0 || static_cast<std::size_t>(objClass) >= kLayoutCount) return nullptr;
   const ObjectLayout& layout = kLayouts[static_cast<std::size_t>(objClass)];
-  return layout.room.bytes == 0 ? nullptr : &layout;
+  return layout.size == 0 ? nullptr : &layout;
 }
 
 // The layout of an object that EEL_AllocObject made.

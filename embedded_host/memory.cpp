@@ -120,18 +120,20 @@ bool product(std::size_t count, std::size_t size, std::size_t& bytes) {
   return block != nullptr ? block : allocateWithCare(count, size, site);
 }
 
-// Zeroes the payload of a small block with all that its size is rounded up to. Records have few
-// steps; the last one may overlap the one before.
+// Zeroes the payload of a small block with all that its size is rounded up to, in few steps. The
+// last ones overlap those before where the size is no multiple of theirs.
 inline void zeroRecord(void* block, std::size_t bytes) {
-  constexpr std::size_t kStep = kSmallestRecord;
   if (kPoisoning) {
     std::memset(block, 0, bytes);
     return;
   }
-  auto* at = static_cast<char*>(block);
-  char* const end = at + ((bytes + kGrain - 1) & ~(kGrain - 1));
-  for (; at < end - kStep; at += kStep) std::memset(at, 0, kStep);
-  std::memset(end - kStep, 0, kStep);
+  constexpr std::size_t kHalf = kSmallestRecord;
+  constexpr std::size_t kStep = 2 * kHalf;
+  auto* const begin = static_cast<char*>(block);
+  char* const end = begin + ((bytes + kGrain - 1) & ~(kGrain - 1));
+  for (char* at = begin; at < end - kStep; at += kStep) std::memset(at, 0, kStep);
+  std::memset(std::max(begin, end - kStep), 0, kHalf);
+  std::memset(end - kHalf, 0, kHalf);
 }
 
 [[gnu::noinline]] void reportBadBlock(const void* block) {

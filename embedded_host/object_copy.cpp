@@ -71,9 +71,9 @@ HostHandle copyOwned(const _egf_obj* object, const OwnedField& field, HostHandle
 // The record by itself: loose, without owned things and children.
 _egf_obj* copyRecord(const _egf_obj* object) {
   const ObjectLayout& layout = layoutOf(object);
-  auto* copy = static_cast<_egf_obj*>(RMM_AllocName(1, layout.room.bytes, RMM_SITE));
+  auto* copy = static_cast<_egf_obj*>(RMM_AllocName(1, layout.size, RMM_SITE));
   if (copy == nullptr) return nullptr;
-  std::memcpy(copy, object, layout.room.bytes);
+  std::memcpy(copy, object, layout.size);
   copy->next = nullptr;
   copy->parent = nullptr;
   if (layout.childOffset != 0) setChildren(copy, nullptr, nullptr);

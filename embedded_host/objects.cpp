@@ -19,7 +19,7 @@ constexpr int kSpecialFlag = 0x10;
 constexpr int kFailed = -1;
 
 constexpr bool isRecordSize(const egfhost::ObjectLayout& layout) {
-  return layout.room.bytes == 0 || layout.room.bytes >= egfhost::kSmallestRecord;
+  return layout.size == 0 || layout.size >= egfhost::kSmallestRecord;
 }
 static_assert(std::ranges::all_of(egfhost::kLayouts, isRecordSize));
 
@@ -39,7 +39,7 @@ _egf_obj* withHead(void* record, int objClass) {
   if (egfhost::faultFails(egfhost::FaultCall::EEL_AllocObject)) return nullptr;
   const egfhost::ObjectLayout* const layout = egfhost::layoutOfClass(objClass);
   if (layout == nullptr) return nullptr;
-  void* const record = RMM_CallocName(1, layout->room.bytes, file, line);
+  void* const record = RMM_CallocName(1, layout->size, file, line);
   return record == nullptr ? nullptr : withHead(record, objClass);
 }
 
@@ -63,10 +63,10 @@ inline int append(_egf_obj* parent, _egf_obj* object) {
 extern "C" {
 
 _egf_obj* EEL_AllocObject(int objClass, const char* file, int line) {
-  const egfhost::ObjectLayout* const layout = egfhost::layoutOfClass(objClass);
-  if (layout == nullptr) [[unlikely]]
+  const auto row = static_cast<std::uint32_t>(objClass);
+  if (row >= egfhost::kLayoutCount || egfhost::kRecordRooms[row].bytes == 0) [[unlikely]]
     return allocateWithCare(objClass, file, line);
-  void* const record = egfhost::recordAtHand(layout->room, file, line);
+  void* const record = egfhost::recordAtHand(egfhost::kRecordRooms[row], file, line);
   if (record == nullptr) [[unlikely]]
     return allocateWithCare(objClass, file, line);
   return withHead(record, objClass);

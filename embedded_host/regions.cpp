@@ -6,6 +6,12 @@ SmallBlocks smallBlocks;
 
 namespace {
 
+consteval std::array<SlotClass, kClasses> emptyClasses() {
+  std::array<SlotClass, kClasses> classes{};
+  for (std::size_t i = 0; i < kClasses; ++i) classes[i].slotSize = kSizeClasses.slotSize[i];
+  return classes;
+}
+
 constexpr std::uint16_t kOpenBias = 0x8000;
 static_assert(kRegionSize / kSlotMin < kOpenBias);
 
@@ -48,14 +54,16 @@ void closeRegion() {
 EGFHOST_SEES_POISON void unlinkSpare(HostHandle slot, std::size_t sizeClass) {
   const SpareLinks links = *linksAt(slot);
   if (links.next != 0) linksAt(links.next)->previous = links.previous;
-  if (smallBlocks.spares[sizeClass] == slot) {
-    smallBlocks.spares[sizeClass] = links.next;
+  if (slotClasses[sizeClass].spare == slot) {
+    slotClasses[sizeClass].spare = links.next;
   } else {
     linksAt(links.previous)->next = links.next;
   }
 }
 
 }  // namespace
+
+constinit std::array<SlotClass, kClasses> slotClasses = emptyClasses();
 
 bool openNewRegion() {
   const std::uint32_t first = takeRegionRun();

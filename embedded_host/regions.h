@@ -26,14 +26,21 @@ struct RegionCounts {
   std::uint16_t nextUnlisted;
 };
 
-// All that the small blocks keep.
+// The slots of one class.
+struct SlotClass {
+  HostHandle spare;        // the first free one, 0 for none
+  std::uint32_t slotSize;  // beside it, where it is at hand
+};
+
+extern std::array<SlotClass, kClasses> slotClasses;
+
+// All else that the small blocks keep.
 struct SmallBlocks {
-  std::array<HostHandle, kClasses> spares{};  // first free slot of each class, 0 for none
-  std::uint32_t open = 0;                     // the region that is being carved, 0 for none
-  std::size_t next = 0;                       // offset in the cage where it goes on
-  std::size_t end = 0;                        // where its room ends, `next` for none
-  std::uint32_t carved = 0;                   // its slots so far
-  std::uint16_t firstUnlisted = 0;            // regions with unlisted slots, chained; 0 ends
+  std::uint32_t open = 0;           // the region that is being carved, 0 for none
+  std::size_t next = 0;             // offset in the cage where it goes on
+  std::size_t end = 0;              // where its room ends, `next` for none
+  std::uint32_t carved = 0;         // its slots so far
+  std::uint16_t firstUnlisted = 0;  // regions with unlisted slots, chained; 0 ends
   std::array<RegionCounts, kRegions> regions{};
 };
 extern SmallBlocks smallBlocks;
@@ -63,7 +70,7 @@ bool openNewRegion();
 
 // Puts a free slot, with its class in its header, at hand.
 EGFHOST_SEES_POISON inline void pushSpare(HostHandle slot, std::size_t sizeClass) {
-  HostHandle& first = smallBlocks.spares[sizeClass];
+  HostHandle& first = slotClasses[sizeClass].spare;
   linksAt(slot)->next = first;
   if (first != 0) linksAt(first)->previous = slot;
   first = slot;
@@ -82,14 +89,14 @@ inline void fetchToCarve(std::size_t next) {
 // A slot of that class; its header is the caller's to write. Null when there is none at hand and
 // the open region has no room for it.
 EGFHOST_SEES_POISON inline BlockHeader* slotAtHand(std::size_t sizeClass) {
-  const HostHandle spare = smallBlocks.spares[sizeClass];
-  if (spare != 0) {
-    smallBlocks.spares[sizeClass] = linksAt(spare)->next;
+  SlotClass& slots = slotClasses[sizeClass];
+  if (const HostHandle spare = slots.spare; spare != 0) {
+    slots.spare = linksAt(spare)->next;
     ++smallBlocks.regions[regionOf(spare)].live;
     return headerAt(spare);
   }
   const std::size_t carved = smallBlocks.next;
-  const std::size_t end = carved + kSizeClasses.slotSize[sizeClass];
+  const std::size_t end = carved + slots.slotSize;
   if (end > smallBlocks.end) [[unlikely]]
     return nullptr;
   smallBlocks.next = end;

@@ -10,14 +10,12 @@ namespace egfhost {
 
 // The bytes of an object's record and the class of the slot that it takes.
 struct RecordRoom {
-  std::uint16_t bytes;
-  std::uint8_t sizeClass;
+  std::size_t bytes;
+  std::size_t sizeClass;
 };
 inline constexpr std::size_t kSmallestRecord = 32;  // bytes
 
-consteval RecordRoom roomForRecord(std::size_t bytes) {
-  return {static_cast<std::uint16_t>(bytes), static_cast<std::uint8_t>(classForPayload(bytes))};
-}
+consteval RecordRoom roomForRecord(std::size_t bytes) { return {bytes, classForPayload(bytes)}; }
 
 // A block as RMM_CallocName gives it, for a record; null when there is none at hand or allocations
 // are watched, so that RMM_CallocName is to be asked.

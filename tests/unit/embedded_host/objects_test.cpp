@@ -2,14 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
 #include <string>
 #include <vector>
 
 #include "embedded_host/host_faults.h"
 #include "embedded_host/host_memory.h"
-#include "embedded_host/host_trees.h"
 #include "embedded_host/host_rasters.h"
+#include "embedded_host/host_trees.h"
 #include "host/egf_rows.h"
 #include "host/memory.h"
 #include "host/palettes.h"
@@ -34,6 +35,35 @@ TEST(AllocObject, GivesAZeroedObjectWithItsHeadSet) {
     const auto* bytes = reinterpret_cast<const unsigned char*>(object.get());
     for (std::size_t i = 24; i < size; ++i) EXPECT_EQ(bytes[i], 0) << objClass << " byte " << i;
   }
+}
+
+// Records are zeroed in steps: all of a used place, and nothing of what stands beside it.
+TEST(AllocObject, ZeroesUsedMemoryAndNothingBeside) {
+  const auto used = [](std::size_t size) {
+    void* const block = RMM_AllocName(1, size, RMM_SITE);
+    std::memset(block, 0xff, size);
+    return static_cast<unsigned char*>(block);
+  };
+  const auto holds = [](const unsigned char* bytes, std::size_t from, std::size_t to, int value) {
+    return std::all_of(bytes + from, bytes + to, [value](int byte) { return byte == value; });
+  };
+  const std::uint64_t live = egfhost::memoryCounters().liveBlocks;
+  for (const int objClass : kEveryClass) {
+    const std::size_t size = recordOf(kObjectRecords, objClass)->size;
+    std::vector<unsigned char*> blocks;
+    for (int i = 0; i < 9; ++i) blocks.push_back(used(size));
+    std::vector<_egf_obj*> objects;
+    for (int i = 1; i < 9; i += 2) RMM_Free(blocks[i]);
+    for (int i = 1; i < 9; i += 2) objects.push_back(EEL_AllocObject(objClass, RMM_SITE));
+    for (int i = 0; i < 9; i += 2) EXPECT_TRUE(holds(blocks[i], 0, size, 0xff)) << objClass;
+    for (_egf_obj* const object : objects) {
+      EXPECT_TRUE(holds(reinterpret_cast<unsigned char*>(object), 24, size, 0)) << objClass;
+      EEL_DestroyObject(object);
+    }
+    for (int i = 0; i < 9; i += 2) RMM_Free(blocks[i]);
+  }
+  EXPECT_EQ(egfhost::memoryCounters().badFrees, 0u);
+  EXPECT_EQ(egfhost::memoryCounters().liveBlocks, live);
 }
 
 TEST(AllocObject, KnowsNoOtherClass) {
