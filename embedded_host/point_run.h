@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 
 #include "host/egf_bits.h"
 #include "host/egf_objects.h"
