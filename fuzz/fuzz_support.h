@@ -85,7 +85,7 @@ class TextReader {
 class Attribute {
  public:
   explicit Attribute(const std::string& text) {
-    std::memset(&pair_, 0, sizeof pair_);
+    pair_ = {};
     const std::size_t length = std::strlen(text.c_str());
     pair_.valueSize = static_cast<std::int32_t>(length + 1);
     pair_.value = static_cast<char*>(RMM_AllocName(1, length + 1, RMM_SITE));

@@ -47,6 +47,13 @@ struct KeywordSet {
   std::span<const Keyword> rows;
   std::int32_t otherwise;
 
+  /// The row of a word as the table spells it, or null.
+  const Keyword* find(std::string_view word) const {
+    for (const Keyword& row : rows) {
+      if (word == row.word) return &row;
+    }
+    return nullptr;
+  }
   std::int32_t codeOf(const FoldedWord& word) const {
     for (const Keyword& row : rows) {
       if (word.is(row.word)) return row.code;
@@ -67,6 +74,13 @@ template <class Group>
 int setKeyword(std::int32_t Group::*field, Group* group, const _svg_attrib_pair* pair,
                const KeywordSet& keywords) {
   if (group == nullptr || !hasValue(pair)) return 0;
+  if (pair->valueLength >= 0) {
+    const auto length = static_cast<std::size_t>(pair->valueLength);
+    if (const Keyword* row = keywords.find({pair->value, length})) {
+      group->*field = row->code;
+      return 0;
+    }
+  }
   const FoldedWord word(pair->value);
   if (!word.is("inherit")) group->*field = keywords.codeOf(word);
   return 0;

@@ -60,6 +60,7 @@ void setIdentifier(CHandlerReader& reader, void* record, _svg_attrib_pair* pair,
                    const ElementTarget&) {
   auto* head = static_cast<_svg_common*>(record);
   reader.SetIDAtt(&head->id, pair);
+  if (reader.styles.count == 0) return;
   reader.SetStyleBasedOnIDSelector(record, head->type, pair->value);
 }
 
