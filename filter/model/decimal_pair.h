@@ -4,7 +4,6 @@
 #pragma once
 
 #include <array>
-#include <bit>
 #include <cstddef>
 #include <cstdint>
 
@@ -100,9 +99,8 @@ class Sse2DecimalPair {
     return _mm_loadl_epi64(static_cast<const __m128i*>(from));
   }
 
-  static std::size_t lowestOf(unsigned mask) {
-    return static_cast<unsigned>(std::countr_zero(mask));
-  }
+  /// Of a mask that has one: the number of its lowest bit.
+  static std::size_t lowestOf(unsigned mask) { return static_cast<unsigned>(__builtin_ctz(mask)); }
   static const detail::DigitPattern& patternAt(const char* at, unsigned digits, std::size_t start) {
     return detail::patternOf(at + start, static_cast<std::uint8_t>(digits >> start));
   }

@@ -2,6 +2,7 @@
 // they are few, so that the usual array costs one block of its exact size.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -37,10 +38,12 @@ class GatheredArray {
     return next_++;
   }
 
-  /// False without memory.
-  bool grow() {
+  /// Makes room for more entries: at first for about as many as are expected in all. False without
+  /// memory.
+  bool grow(std::ptrdiff_t expected = 0) {
     const std::ptrdiff_t have = next_ - first();
-    const std::ptrdiff_t room = block_ == nullptr ? kFirstBlock : 2 * have;
+    const std::ptrdiff_t room =
+        block_ == nullptr ? std::clamp(expected, kLeastBlock, kMostExpected) : 2 * have;
     T* const block = resized(room);
     if (block == nullptr) return false;
     if (block_ == nullptr) copyNear(block, have);
@@ -68,7 +71,8 @@ class GatheredArray {
   }
 
  private:
-  static constexpr std::ptrdiff_t kFirstBlock = 4 * kNear;
+  static constexpr std::ptrdiff_t kLeastBlock = 4 * kNear;
+  static constexpr std::ptrdiff_t kMostExpected = 16 * kNear;
 
   T* first() { return block_ == nullptr ? near_ : block_; }
   const T* first() const { return block_ == nullptr ? near_ : block_; }

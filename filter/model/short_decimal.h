@@ -113,7 +113,7 @@ inline constexpr auto kDigitPatterns = [] {
     const unsigned others = ~digits & (rows.size() - 1);
     const auto point = static_cast<unsigned>(std::countr_one(digits));
     const auto end = static_cast<unsigned>(std::countr_zero(others & (others - 1)));
-    rows[digits].point = point;
+    rows[digits].point = point % kWordBytes;  // of digits alone, where no point stands either
     rows[digits].end = kNoEnd;
     if (end >= kWordBytes || end == 1) continue;  // a point alone is no number
     rows[digits].throughPoint = ~std::uint64_t{0} >> (8 * (end - point - 1));
@@ -126,8 +126,8 @@ inline constexpr auto kDigitPatterns = [] {
 
 /// Of a number without one, by the count of its digits.
 inline constexpr auto kWholePatterns = [] {
-  std::array<DigitPattern, kWordBytes + 1> rows{};
-  rows[0].end = rows[kWordBytes].end = kNoEnd;
+  std::array<DigitPattern, kWordBytes> rows{};
+  rows[0].end = kNoEnd;
   for (unsigned size = 1; size < kWordBytes; ++size) {
     rows[size].shift = kWordBits - 8 * static_cast<int>(size);
     rows[size].end = size;
@@ -138,7 +138,9 @@ inline constexpr auto kWholePatterns = [] {
 /// The pattern of the number at `at`. `digits` tells which of eight bytes are digits.
 inline const DigitPattern& patternOf(const char* at, std::uint8_t digits) {
   const DigitPattern& row = kDigitPatterns[digits];
-  return at[row.point] == '.' ? row : kWholePatterns[row.point];
+  if (at[row.point] == '.') [[likely]]
+    return row;
+  return kWholePatterns[row.point];
 }
 
 /// Digits whose last is on top, with the gaps of points closed.

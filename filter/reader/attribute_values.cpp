@@ -5,7 +5,6 @@
 
 #include "model/characters.h"
 #include "model/numbers.h"
-#include "model/short_decimal.h"
 #include "model/units.h"
 #include "model/value_parser.h"
 #include "reader/lengths.h"
@@ -46,17 +45,6 @@ const char* lengthUnitEnd(const char* first, const char* last) {
     ++at;
   }
   return at;
-}
-
-/// A short number that is the whole text of a pair, in pixels; false, with nothing done, for any
-/// other text. The block behind the text may be read, so its length need not be known.
-bool readPlainPixels(_svg_value* out, const _svg_attrib_pair& pair) {
-  if (pair.valueSize < kShortDecimalReach) return false;
-  const ShortDecimal number = ShortDecimal::scan(pair.value);
-  if (number.end() == nullptr || *number.end() != '\0') return false;
-  out->value = number.value();
-  out->unit = kUnitPixel;
-  return true;
 }
 
 [[gnu::noinline, gnu::cold]] int readOtherLength(_svg_value* out, const _svg_attrib_pair& pair) {
@@ -103,7 +91,9 @@ int CHandlerReader::ParseAngle(_svg_angle* out, const char* text) {
 
 int CHandlerReader::SetValueAtt(_svg_value* out, _svg_attrib_pair* pair) {
   if (pair == nullptr || out == nullptr || pair->value == nullptr) return 0;
-  return egfsvg::readPlainPixels(out, *pair) ? 0 : egfsvg::readOtherLength(out, *pair);
+  if (!egfsvg::readPlainNumber(*pair, out->value)) return egfsvg::readOtherLength(out, *pair);
+  out->unit = egfsvg::kUnitPixel;
+  return 0;
 }
 
 int CHandlerReader::SetAngleAtt(_svg_angle* out, _svg_attrib_pair* pair) {

@@ -6,11 +6,11 @@
 
 #include "host/memory.h"
 #include "model/characters.h"
+#include "model/decimal_pair.h"
 #include "model/gathered_array.h"
 #include "model/lifecycle.h"
 #include "model/numbers.h"
 #include "model/path_commands.h"
-#include "model/decimal_pair.h"
 #include "reader/path_numbers.h"
 #include "reader/path_rows.h"
 #include "reader/path_text.h"
@@ -26,6 +26,7 @@ class PathWalk {
  public:
   PathWalk(CHandlerReader& reader, _svg_path& path, const ValueText& text)
       : path_(path),
+        first_(text.first),
         at_(text.first),
         last_(text.last),
         readable_(text.readable),
@@ -46,6 +47,7 @@ class PathWalk {
   double number() { return takeNumber(at_, last_, compact_); }
   double arcFlag();
   _svg_path_data* addRecord(std::int32_t command);
+  std::ptrdiff_t expectedRecords() const;
   bool storeRecords();
   void readArc(_svg_path_data& record);
   void setPoint(const _svg_path_data& record);
@@ -53,6 +55,7 @@ class PathWalk {
   _svg_singlepath& subPath() { return path_.paths[path_.pathCount - 1]; }
 
   _svg_path& path_;
+  const char* first_;
   const char* at_;
   const char* last_;
   const char* readable_;
@@ -203,11 +206,18 @@ void PathWalk::setPointAlong(const _svg_path_data* first, const _svg_path_data* 
 
 _svg_path_data* PathWalk::addRecord(std::int32_t command) {
   if (storedRecords_ + records_.count() >= kMaxPathRecords) return nullptr;
+  if (records_.next() == records_.full() && !records_.grow(expectedRecords())) return nullptr;
   _svg_path_data* const record = records_.append();
-  if (record == nullptr) return nullptr;
   *record = {};
   record->command = command;
   return record;
+}
+
+/// How many records the whole text may give when its rest is like what was read.
+std::ptrdiff_t PathWalk::expectedRecords() const {
+  const std::ptrdiff_t have = storedRecords_ + records_.count();
+  const std::ptrdiff_t spare = have / 8;
+  return have * (last_ - first_) / (at_ - first_ + 1) + spare;
 }
 
 /// Hands what was gathered to the sub-path in hand. False without memory.

@@ -14,6 +14,7 @@
 #include "model/numbers.h"
 #include "model/values.h"
 #include "reader/text_fields.h"
+#include "reader/value_text.h"
 
 namespace egfsvg {
 
@@ -94,7 +95,8 @@ int setText(char* Group::*field, Group* group, const _svg_attrib_pair* pair) {
 
 template <class Group>
 int setNumber(double Group::*field, Group* group, const _svg_attrib_pair* pair) {
-  if (group == nullptr || !hasValue(pair) || isInherit(pair)) return 0;
+  if (group == nullptr || !hasValue(pair)) return 0;
+  if (readPlainNumber(*pair, group->*field) || isInherit(pair)) return 0;
   group->*field = decimalPrefix(pair->value);
   return 0;
 }

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstring>
 
+#include "model/short_decimal.h"
 #include "model/values.h"
 
 namespace egfsvg {
@@ -23,6 +24,15 @@ inline ValueText textOf(const _svg_attrib_pair& pair) {
                                  : std::strlen(pair.value);
   const std::size_t block = static_cast<std::size_t>(pair.valueSize);
   return {pair.value, pair.value + length, pair.value + std::max(block, length + 1)};
+}
+
+/// A short number that is the whole text of a pair; false, with nothing done, for any other text.
+inline bool readPlainNumber(const _svg_attrib_pair& pair, double& value) {
+  if (pair.valueSize < kShortDecimalReach) return false;
+  const ShortDecimal number = ShortDecimal::scan(pair.value);
+  if (number.end() == nullptr || *number.end() != '\0') return false;
+  value = number.value();
+  return true;
 }
 
 }  // namespace egfsvg

@@ -45,6 +45,19 @@ TEST(GatheredArray, TakesNoBlockWhileItsEntriesAreFew) {
   EXPECT_TRUE(egfhost::liveSitesSince(before).empty());
 }
 
+TEST(GatheredArray, ItsFirstBlockHoldsWhatIsExpected) {
+  const auto roomFor = [](std::ptrdiff_t expected) {
+    Numbers numbers(RMM_SITE);
+    EXPECT_TRUE(fill(numbers, kNear));
+    EXPECT_TRUE(numbers.grow(expected));
+    EXPECT_EQ(numbers.count(), kNear);
+    return numbers.full() - numbers.next();
+  };
+  EXPECT_EQ(roomFor(50), 50 - kNear);
+  EXPECT_EQ(roomFor(0), 4 * kNear - kNear);
+  EXPECT_EQ(roomFor(1'000'000), 16 * kNear - kNear);
+}
+
 TEST(GatheredArray, EntriesMayBeWrittenInARow) {
   Numbers numbers(RMM_SITE);
   ASSERT_TRUE(fill(numbers, kNear - 2));
