@@ -4,6 +4,7 @@
 #include "adapter_reader/owners.h"
 #include "adapter_reader/svg_adapterreader.h"
 #include "frame/result_codes.h"
+#include "geometry/point_checks.h"
 #include "model/rmm_allocator.h"
 
 namespace egfsvg {

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "geometry/point_checks.h"
 #include "host/egf_codes.h"
 
 namespace egfsvg {

@@ -1,8 +1,6 @@
 // Rectangles of new objects without a call of the host.
 #pragma once
 
-#include "geometry/point_box.h"
-#include "host/egf.h"
 #include "host/egf_objects.h"
 
 namespace egfsvg {
@@ -11,15 +9,5 @@ namespace egfsvg {
 /// just computed for a polygon, box or polyline, the ends of a line, the radii of an ellipse. False
 /// when the host has to be asked, also whether there is a rectangle at all.
 bool boxAtHand(const _egf_obj* object, _mpl_spacerect_tag* box);
-
-/// Stores the rectangle of a polygon or box. The host computes it when the box of all points is not
-/// at hand, which null says, or not finite.
-inline void setBounds(_egf_obj* polygon, const PointBox* box, HostHandle map) {
-  if (box != nullptr && box->isFinite()) [[likely]] {
-    as<EgfPolygon>(polygon)->bounds = box->rect();
-  } else {
-    EGF_CalcPolygonMer(polygon, map);
-  }
-}
 
 }  // namespace egfsvg

@@ -4,7 +4,6 @@
 #include <optional>
 
 #include "adapter_reader/owners.h"
-#include "adapter_reader/path_children.h"
 #include "adapter_reader/path_walk.h"
 #include "adapter_reader/point_arrays.h"
 #include "adapter_reader/point_map.h"
@@ -81,16 +80,17 @@ class BezierPathBuilder {
   bool attachRun() { return runEnd_ == runStart_ || attachPoints(); }
   bool attachPoints();
   bool attachLine(const _mpl_spacept_tag* ends);
-  /// The box of points that become a child. Where an identity maps they are brought to their place,
-  /// see `onPage`.
-  [[gnu::always_inline]] PointBox settled(_mpl_spacept_tag* points, unsigned int count,
-                                          const PointBox& box) const {
-    if (box.isFinite() || !identity_) [[likely]]
-      return box;
-    return mapAll(points, count);
+  /// Brings points that become a child to their place where an identity maps, see `onPage`.
+  [[gnu::always_inline]] void settle(_mpl_spacept_tag* points, unsigned int count) const {
+    if (identity_ && !areFinite(points, count)) [[unlikely]]
+      mapAll(points, count);
   }
-  [[gnu::noinline, gnu::cold]] PointBox mapAll(_mpl_spacept_tag* points, unsigned int count) const;
-  [[gnu::noinline, gnu::cold]] PointBox repaired(_mpl_spacept_tag* p, PointBox box) const;
+  [[gnu::always_inline]] static bool areFinite(const _mpl_spacept_tag* points, unsigned int count) {
+    FiniteCheck check;
+    for (unsigned int i = 0; i < count; ++i) check.include(&points[i]);
+    return check.isFinite();
+  }
+  [[gnu::noinline, gnu::cold]] void mapAll(_mpl_spacept_tag* points, unsigned int count) const;
   void grow(const PlanePoint& point) {
     if (plan_.boxed) [[unlikely]]
       growBox(point);
@@ -122,7 +122,6 @@ class BezierPathBuilder {
   ObjectOwner outer_;
   ObjectOwner sub_;
   _egf_obj* target_ = nullptr;  // the object that takes children now
-  PathChildren children_;       // the target's
   bool hasClose_ = false;
   // Pending straight points on the page, in the adapter's array: room for all of a sub-path.
   _mpl_spacept_tag* runStart_ = nullptr;

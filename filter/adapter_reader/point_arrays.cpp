@@ -20,18 +20,17 @@ _mpl_spacerect_tag boxOf(const _mpl_spacept_tag* points, std::int32_t count) {
 /// Places points that the identity maps. False when a unit is not SVG's pixel, or a number not
 /// finite: then nothing is settled.
 bool placeInPixels(double perSvgPixel, const _svg_point* points, std::int32_t count,
-                   _mpl_spacept_tag* to, PointBox& box) {
-  PointBox gathered;
+                   _mpl_spacept_tag* to) {
+  FiniteCheck check;
   for (std::int32_t i = 0; i < count; ++i) {
     const _svg_value& x = points[i].x;
     const _svg_value& y = points[i].y;
     if (x.unit != kUnitPixel || y.unit != kUnitPixel) return false;
     to[i] = unsignedZeros(
         stored({perSvgPixel * x.value * kSpaceUnits, perSvgPixel * y.value * kSpaceUnits}));
-    gathered.include(&to[i]);
+    check.include(&to[i]);
   }
-  box = gathered;
-  return box.isFinite();
+  return check.isFinite();
 }
 
 }  // namespace
@@ -60,30 +59,28 @@ void rectCorners(const PixelBox& box, _mpl_spacept_tag (&corners)[kRectCorners])
 
 namespace {
 
-/// Stores four places and gives their box.
+/// Stores four places. False when one is not finite.
 template <class Place>
-[[gnu::always_inline]] inline PointBox storePlaces(const _mpl_spacept_tag (&corners)[kRectCorners],
-                                                   _mpl_spacept_tag* to, Place&& place) {
-  PointBox box;
+[[gnu::always_inline]] inline bool storePlaces(const _mpl_spacept_tag (&corners)[kRectCorners],
+                                               _mpl_spacept_tag* to, Place&& place) {
+  FiniteCheck check;
   for (int i = 0; i < kRectCorners; ++i) {
     to[i] = place(corners[i]);
-    box.include(&to[i]);
+    check.include(&to[i]);
   }
-  return box;
+  return check.isFinite();
 }
 
 }  // namespace
 
-PointBox placeCorners(const PixelBox& box, const _viewPortMap* map, _mpl_spacept_tag* to) {
+void placeCorners(const PixelBox& box, const _viewPortMap* map, _mpl_spacept_tag* to) {
   _mpl_spacept_tag corners[kRectCorners];
   rectCorners(box, corners);
-  if (map == nullptr) return storePlaces(corners, to, [](auto corner) { return corner; });
-  if (isIdentity(*map)) {
-    const PointBox onPage = storePlaces(corners, to, unsignedZeros);
-    if (onPage.isFinite()) [[likely]]
-      return onPage;
+  if (map == nullptr) {
+    std::memcpy(to, corners, sizeof corners);
+  } else if (!isIdentity(*map) || !storePlaces(corners, to, unsignedZeros)) {
+    storePlaces(corners, to, PointMap(map->matrix));
   }
-  return storePlaces(corners, to, PointMap(map->matrix));
 }
 
 _mpl_spacept_tag* copiedPoints(const _mpl_spacept_tag* points, std::size_t count) {
@@ -103,23 +100,24 @@ bool setPoints(EgfPolygon* polygon, const _mpl_spacept_tag* points, std::int32_t
   return true;
 }
 
-PlacedPoints placedPoints(CAdapterReader& adapter, const _svg_point* points, std::int32_t count,
-                          const _viewPortMap* map, _mpl_spacerect_tag* before) {
-  PlacedPoints placed;
-  placed.points.reset(allocateArray<_mpl_spacept_tag>(static_cast<std::size_t>(count), RMM_SITE));
-  _mpl_spacept_tag* to = placed.points.get();
+RmmOwner<_mpl_spacept_tag> placedPoints(CAdapterReader& adapter, const _svg_point* points,
+                                        std::int32_t count, const _viewPortMap* map,
+                                        _mpl_spacerect_tag* before) {
+  RmmOwner<_mpl_spacept_tag> placed(
+      allocateArray<_mpl_spacept_tag>(static_cast<std::size_t>(count), RMM_SITE));
+  _mpl_spacept_tag* to = placed.get();
   if (to == nullptr) {
     logOutOfMemory(RMM_SITE);
     return placed;
   }
   const PixelScale scale(adapter);
   if (before == nullptr && map != nullptr && isIdentity(*map) &&
-      placeInPixels(scale.perSvgPixel(), points, count, to, placed.box)) [[likely]] {
+      placeInPixels(scale.perSvgPixel(), points, count, to)) [[likely]] {
     return placed;
   }
   for (std::int32_t i = 0; i < count; ++i) to[i] = scale.point(points[i].x, points[i].y);
   if (before != nullptr) *before = boxOf(to, count);
-  placed.box = mapPoints(to, count, map);
+  mapPoints(to, count, map);
   return placed;
 }
 

@@ -4,7 +4,6 @@
 #include <cstdint>
 
 #include "adapter_reader/mapping.h"
-#include "geometry/point_box.h"
 #include "host/egf_objects.h"
 #include "host/memory.h"
 #include "host/objects.h"
@@ -34,8 +33,8 @@ struct PixelBox {
 /// Corners in the order of a box: top left, bottom left, bottom right, top right. Space units.
 void rectCorners(const PixelBox& box, _mpl_spacept_tag (&corners)[kRectCorners]);
 
-/// The corners where they stand on the page, and their box there; without a map they stay.
-PointBox placeCorners(const PixelBox& box, const _viewPortMap* map, _mpl_spacept_tag* to);
+/// The corners where they stand on the page; without a map they stay.
+void placeCorners(const PixelBox& box, const _viewPortMap* map, _mpl_spacept_tag* to);
 
 /// A copy of the points; null when memory ran out.
 _mpl_spacept_tag* copiedPoints(const _mpl_spacept_tag* points, std::size_t count);
@@ -43,16 +42,12 @@ _mpl_spacept_tag* copiedPoints(const _mpl_spacept_tag* points, std::size_t count
 /// Gives the polygon a copy of the points. False, with the fault logged, when memory ran out.
 bool setPoints(EgfPolygon* polygon, const _mpl_spacept_tag* points, std::int32_t count);
 
-/// An element's points where they stand on the page, and their box there.
-struct PlacedPoints {
-  RmmOwner<_mpl_spacept_tag> points;  // null: out of memory, which is logged
-  PointBox box;
-};
-
-/// The points of an element in space units; without a map they stay where they are. `before`, when
-/// it is not null, is set to their box before the map. There is at least one point.
-PlacedPoints placedPoints(CAdapterReader& adapter, const _svg_point* points, std::int32_t count,
-                          const _viewPortMap* map, _mpl_spacerect_tag* before);
+/// The points of an element where they stand on the page, in space units; without a map they stay.
+/// `before`, when it is not null, is set to their box before the map. There is at least one point.
+/// Null when memory ran out, which is logged.
+RmmOwner<_mpl_spacept_tag> placedPoints(CAdapterReader& adapter, const _svg_point* points,
+                                        std::int32_t count, const _viewPortMap* map,
+                                        _mpl_spacerect_tag* before);
 
 /// Makes the box hold the point too; numbers that are none change nothing.
 inline void includePoint(_mpl_spacerect_tag& box, _mpl_spacept_tag point) {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "adapter_reader/mapping.h"
-#include "geometry/point_box.h"
+#include "geometry/point_checks.h"
 #include "host/egf_small.h"
 
 namespace egfsvg {
@@ -37,23 +37,20 @@ class PointMap {
   double shift_[2];  // space units
 };
 
-/// Maps the points in place and gives their box; without a map they stay.
-inline PointBox mapPoints(_mpl_spacept_tag* points, std::int32_t count, const _viewPortMap* map) {
-  PointBox box;
-  if (map == nullptr || isIdentity(*map)) {
+/// Maps the points in place; without a map they stay.
+inline void mapPoints(_mpl_spacept_tag* points, std::int32_t count, const _viewPortMap* map) {
+  if (map == nullptr) return;
+  if (isIdentity(*map)) {
+    FiniteCheck check;
     for (std::int32_t i = 0; i < count; ++i) {
-      if (map != nullptr) points[i] = unsignedZeros(points[i]);
-      box.include(&points[i]);
+      points[i] = unsignedZeros(points[i]);
+      check.include(&points[i]);
     }
-    if (map == nullptr || box.isFinite()) return box;
-    box = {};
+    if (check.isFinite()) [[likely]]
+      return;
   }
   const PointMap mapped(map->matrix);
-  for (std::int32_t i = 0; i < count; ++i) {
-    points[i] = mapped(points[i]);
-    box.include(&points[i]);
-  }
-  return box;
+  for (std::int32_t i = 0; i < count; ++i) points[i] = mapped(points[i]);
 }
 
 }  // namespace egfsvg

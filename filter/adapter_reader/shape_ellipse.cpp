@@ -113,8 +113,9 @@ bool finishRound(FilledPaint& paint, const FilledForm& form, FilledPen& pen, _vi
   if (!isSheared(parts)) {
     mapEllipse(adapter, map, parts, ellipse);
     FilledPen& pen = filledPen(ellipse->pen);
-    return finishRound(paint, kEllipseForm, pen, map, bounds, object.get()) ? object.release()
-                                                                            : nullptr;
+    if (!finishRound(paint, kEllipseForm, pen, map, bounds, object.get())) return nullptr;
+    EGF_CalcEllipseMer(&bounds, object.get());
+    return object.release();
   }
   object = shearedOutline(object.get(), map);
   if (!object) return nullptr;
@@ -124,7 +125,6 @@ bool finishRound(FilledPaint& paint, const FilledForm& form, FilledPen& pen, _vi
   return object.release();
 }
 
-/// An ellipse keeps no rectangle of its own.
 _egf_obj* formatRound(CAdapterReader& adapter, const RoundShape& shape) {
   if (isHidden(shape.graphics)) return nullptr;
   ObjectOwner object(allocateObject(kClassEllipse, RMM_SITE));
@@ -138,8 +138,11 @@ _egf_obj* formatRound(CAdapterReader& adapter, const RoundShape& shape) {
   if (isSheared(parts) || !isPlain(shape.fill, shape.stroke)) [[unlikely]] {
     return paintRound(adapter, shape, map.get(), parts, std::move(object));
   }
+  const _mpl_spacerect_tag bounds =
+      roundBounds(*ellipse, penWidth(adapter, shape.stroke.strokeWidth));
   paintPlainEllipse(adapter, shape.fill, shape.stroke, shape.graphics, ellipse);
   mapEllipse(adapter, map.get(), parts, ellipse);
+  EGF_CalcEllipseMer(&bounds, object.get());
   return object.release();
 }
 

@@ -22,13 +22,13 @@ double margin(CAdapterReader& adapter, const _svg_pa_stroke& stroke) {
 
 /// Points of a polyline or polygon. `bounds` is set for a gradient alone. No points: null, without
 /// a fault.
-PlacedPoints placePoints(CAdapterReader& adapter, const PointShape& shape, _viewPortMap* map,
-                         _mpl_spacerect_tag* bounds) {
-  if (shape.points == nullptr || shape.count <= 0) return {};
+RmmOwner<_mpl_spacept_tag> placePoints(CAdapterReader& adapter, const PointShape& shape,
+                                       _viewPortMap* map, _mpl_spacerect_tag* bounds) {
+  if (shape.points == nullptr || shape.count <= 0) return nullptr;
   if (!needsBounds(shape.fill, shape.stroke)) [[likely]]
     return placedPoints(adapter, shape.points, shape.count, map, nullptr);
-  PlacedPoints placed = placedPoints(adapter, shape.points, shape.count, map, bounds);
-  if (placed.points) *bounds = inPixels(*bounds, margin(adapter, shape.stroke));
+  RmmOwner<_mpl_spacept_tag> placed = placedPoints(adapter, shape.points, shape.count, map, bounds);
+  if (placed) *bounds = inPixels(*bounds, margin(adapter, shape.stroke));
   return placed;
 }
 
@@ -69,21 +69,21 @@ _egf_obj* formatPolygon(CAdapterReader& adapter, const PointShape& shape) {
   if (isHidden(shape.graphics)) return nullptr;
   const MapOwner map(adapter, adapter._findMapMatrix(&shape.head, nullptr, nullptr));
   _mpl_spacerect_tag bounds{};
-  PlacedPoints placed = placePoints(adapter, shape, map.get(), &bounds);
-  if (!placed.points) return nullptr;
+  RmmOwner<_mpl_spacept_tag> points = placePoints(adapter, shape, map.get(), &bounds);
+  if (!points) return nullptr;
   ObjectOwner object(allocateObject(kClassPolygon, RMM_SITE));
   if (!object) return nullptr;
   auto* polygon = as<EgfPolygon>(object.get());
   setPolygonTemplate(polygon);
-  polygon->points = placed.points.release();
+  polygon->points = points.release();
   polygon->pointCount = shape.count;
   const unsigned figure = shape.closed ? kFigureClosed : kFigureOpen;
   if (isPlain(shape.fill, shape.stroke)) [[likely]] {
     paintPlainPolygon(adapter, shape.fill, shape.stroke, shape.graphics, figure, polygon);
-    setBounds(object.get(), &placed.box, adapter.map);
+    EGF_CalcPolygonMer(object.get(), adapter.map);
     return object.release();
   }
-  const ShapeScene scene{shape.fill, shape.stroke, shape.graphics, bounds, map.get(), &placed.box};
+  const ShapeScene scene{shape.fill, shape.stroke, shape.graphics, bounds, map.get()};
   return finishPolygon(adapter, object, scene, figure) == 0 ? object.release() : nullptr;
 }
 
@@ -121,14 +121,15 @@ _egf_obj* CAdapterReader::SVG_formatEGFPolyline(_svg_polyline* element) {
   if (isHidden(element->graphics)) return nullptr;
   const MapOwner by(*this, _findMapMatrix(&element->head, nullptr, nullptr));
   _mpl_spacerect_tag bounds{};
-  PlacedPoints placed = placePoints(*this, pointShape(*element, false), by.get(), &bounds);
-  if (!placed.points) return nullptr;
+  RmmOwner<_mpl_spacept_tag> points =
+      placePoints(*this, pointShape(*element, false), by.get(), &bounds);
+  if (!points) return nullptr;
   ObjectOwner object(allocateObject(kClassPolyline, RMM_SITE));
   if (!object) return nullptr;
   auto* polyline = as<EgfPolyline>(object.get());
   polyline->pen = kPolylinePen;
   polyline->pen.scaleFactor = 1.0;
-  polyline->points = placed.points.release();
+  polyline->points = points.release();
   polyline->pointCount = static_cast<std::uint32_t>(element->pointCount);
   EGF_CalcPolylineMer(object.get(), map);
   if (isPlain(element->stroke)) [[likely]] {

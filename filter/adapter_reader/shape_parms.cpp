@@ -55,7 +55,7 @@ int finishPolygon(CAdapterReader& adapter, ObjectOwner& object, const ShapeScene
     object.reset();
     return -1;
   }
-  setBounds(object.get(), scene.box, adapter.map);
+  EGF_CalcPolygonMer(object.get(), adapter.map);
   return 0;
 }
 
@@ -68,7 +68,7 @@ int CAdapterReader::_setPgonParms(_egf_obj* object, _mpl_spacerect_tag& bounds, 
                                   _svg_pa_graphics& graphics) {
   ObjectOwner owner(object);
   const int result =
-      finishPolygon(*this, owner, {fill, stroke, graphics, bounds, by, nullptr}, kFigureClosed);
+      finishPolygon(*this, owner, {fill, stroke, graphics, bounds, by}, kFigureClosed);
   (void)owner.release();
   return result;
 }
@@ -85,7 +85,7 @@ int CAdapterReader::_setPathParms(_egf_obj* object, _mpl_spacerect_tag& bounds, 
   record.scaleFactor = 1.0;
   if (isPlain(fill, stroke)) [[likely]] {
     paintPlainPath(*this, fill, stroke, graphics, record, path);
-  } else if (!paintPath(*this, {fill, stroke, graphics, bounds, by, nullptr}, record, object)) {
+  } else if (!paintPath(*this, {fill, stroke, graphics, bounds, by}, record, object)) {
     return -1;
   }
   (void)owner.release();

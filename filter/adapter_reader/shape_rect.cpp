@@ -139,10 +139,10 @@ _egf_obj* formatBox(CAdapterReader& adapter, const _svg_rect& element, const Pix
   ObjectOwner object = emptyBox();
   if (!object) return nullptr;
   auto* polygon = as<EgfPolygon>(object.get());
-  const PointBox onPage = placeCorners(box, map, polygon->points.get());
+  placeCorners(box, map, polygon->points.get());
   paintPlainPolygon(adapter, element.fill, element.stroke, element.graphics, kFigureClosed,
                     polygon);
-  setBounds(object.get(), &onPage, adapter.map);
+  EGF_CalcPolygonMer(object.get(), adapter.map);
   return object.release();
 }
 

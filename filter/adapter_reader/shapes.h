@@ -2,7 +2,6 @@
 #pragma once
 
 #include "adapter_reader/owners.h"
-#include "geometry/point_box.h"
 #include "model/elements.h"
 
 namespace egfsvg {
@@ -14,7 +13,6 @@ struct ShapeScene {
   _svg_pa_graphics& graphics;
   _mpl_spacerect_tag bounds;  // pixels, before the map
   _viewPortMap* map;          // null: nothing is mapped
-  const PointBox* box;        // of the points on the page; null: not at hand
 };
 
 /// Pen, fill, style numbers and bounds of a polygon whose points are set, as an open or a closed

@@ -33,23 +33,6 @@ bool sameStored(PlanePoint a, PlanePoint b) {
          static_cast<float>(a.y) == static_cast<float>(b.y);
 }
 
-[[gnu::always_inline]] inline PointBox boxOf(const _mpl_spacept_tag* points, unsigned int count) {
-  PointBox box;
-  for (unsigned int i = 0; i < count; ++i) box.include(&points[i]);
-  return box;
-}
-
-/// The box of the points.
-[[gnu::always_inline]] inline PointBox copyRun(const _mpl_spacept_tag* run, unsigned int count,
-                                               _mpl_spacept_tag* to) {
-  PointBox box;
-  for (unsigned int i = 0; i < count; ++i) {
-    to[i] = run[i];
-    box.include(&run[i]);
-  }
-  return box;
-}
-
 /// Makes a new object a curve child, which owns its points.
 void markCurve(_egf_obj* object, RmmOwner<_mpl_spacept_tag> points, int count) {
   EgfPolygon* curve = as<EgfPolygon>(object);
@@ -72,13 +55,11 @@ bool BezierPathBuilder::beginSubPath(const _svg_singlepath& subPath) {
     target_ = sub_.get();
     if (target_ == nullptr) return false;
   }
-  children_.begin(target_);
   return true;
 }
 
 bool BezierPathBuilder::endSubPath(const _svg_singlepath&) {
   if (!attachRun()) return false;
-  children_.finish();
   EgfPath* path = as<EgfPath>(target_);
   path->pathKind = hasClose_ ? kPathClosedFigure : 0U;
   if (!plan_.several || !path->firstChild) return true;
@@ -105,12 +86,11 @@ bool BezierPathBuilder::curveTo(const CubicPoints& cubic) {
   p[1] = onPage(cubic.first);
   p[2] = onPage(cubic.second);
   p[3] = here_ = onPage(cubic.to);
-  PointBox box = boxOf(p, 4);
-  if (neighboursMeet(p) || !box.isFinite()) [[unlikely]]
-    box = repaired(p, box);
+  settle(p, 4);
+  if (neighboursMeet(p)) [[unlikely]]
+    repairControls(adapter_, p);
   markCurve(object.get(), std::move(points), 4);
-  children_.addCurve(std::move(object), box);
-  return true;
+  return handOver(target_, object);
 }
 
 bool BezierPathBuilder::arcTo(const ArcEnds& ends, const ArcCenter& arc) {
@@ -172,8 +152,7 @@ bool BezierPathBuilder::putArc(const ArcCenter& arc, bool clockwise) {
   record->startAngle = millionths(arc.start);
   record->endAngle = millionths(arc.end);
   record->pen.arcFlags = ArcDirectionBits::with(record->pen.arcFlags, clockwise ? 1 : 0);
-  children_.add(std::move(object));
-  return true;
+  return handOver(target_, object);
 }
 
 /// In drawing order: a clockwise arc is drawn from its end.
@@ -208,8 +187,7 @@ bool BezierPathBuilder::putArcCurve(const ArcEnds& ends, const ArcCenter& arc) {
   ObjectOwner object(newObject(kClassPolygon, RMM_SITE));
   if (!object) return false;
   markCurve(object.get(), std::move(owned), count);
-  children_.add(std::move(object));
-  return true;
+  return handOver(target_, object);
 }
 
 /// Runs of one point draw nothing.
@@ -221,32 +199,22 @@ bool BezierPathBuilder::attachPoints() {
   if (count == 2) return attachLine(run);
   RmmOwner<_mpl_spacept_tag> points(allocateArray<_mpl_spacept_tag>(count, RMM_SITE));
   if (!points) return false;
-  const PointBox box = settled(points.get(), count, copyRun(run, count, points.get()));
+  std::copy_n(run, count, points.get());
+  settle(points.get(), count);
   ObjectOwner object = straightRun(std::move(points), count);
-  if (!object) return false;
-  children_.addStraight(std::move(object), box);
-  return true;
+  return object && handOver(target_, object);
 }
 
 bool BezierPathBuilder::attachLine(const _mpl_spacept_tag* ends) {
   _mpl_spacept_tag places[2] = {ends[0], ends[1]};
-  const PointBox box = settled(places, 2, boxOf(places, 2));
+  settle(places, 2);
   ObjectOwner object = straightLine(places);
-  if (!object) return false;
-  children_.addStraight(std::move(object), box);
-  return true;
+  return object && handOver(target_, object);
 }
 
 /// The whole way of an identity, for points that are not all finite.
-PointBox BezierPathBuilder::mapAll(_mpl_spacept_tag* points, unsigned int count) const {
+void BezierPathBuilder::mapAll(_mpl_spacept_tag* points, unsigned int count) const {
   for (unsigned int i = 0; i < count; ++i) points[i] = mapped(points[i]);
-  return boxOf(points, count);
-}
-
-PointBox BezierPathBuilder::repaired(_mpl_spacept_tag* p, PointBox box) const {
-  settled(p, 4, box);
-  repairControls(adapter_, p);
-  return boxOf(p, 4);
 }
 
 /// The box of a gradient holds the points as they stand before any transform.

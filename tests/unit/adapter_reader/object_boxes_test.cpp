@@ -7,6 +7,7 @@
 #include <limits>
 #include <random>
 
+#include "geometry/point_checks.h"
 #include "host/egf.h"
 #include "host/egf_codes.h"
 #include "host/memory.h"
@@ -98,35 +99,6 @@ TEST(ObjectBoxes, PolygonsAndPolylinesKeepWhatTheHostComputed) {
     expectAsTheHost(polyline.get(), &atHand);
   }
   EXPECT_GT(atHand, 100);
-}
-
-TEST(ObjectBoxes, PolygonsTakeTheBoxOfTheirPointsOrTheHosts) {
-  std::mt19937 random(5);
-  constexpr int kPoints = 4;
-  int taken = 0;
-  for (int i = 0; i < kRounds / 4; ++i) {
-    ObjectOwner objects[] = {make(kClassPolygon), make(kClassPolygon)};
-    PointBox box;
-    for (ObjectOwner& object : objects) {
-      auto* polygon = as<EgfPolygon>(object.get());
-      polygon->points = static_cast<_mpl_spacept_tag*>(
-          RMM_AllocName(kPoints, sizeof(_mpl_spacept_tag), RMM_SITE));
-      polygon->pointCount = kPoints;
-    }
-    for (int at = 0; at < kPoints; ++at) {
-      const _mpl_spacept_tag place = point(random);
-      box.include(&place);
-      for (ObjectOwner& object : objects) as<EgfPolygon>(object.get())->points[at] = place;
-    }
-    setBounds(objects[0].get(), &box, 0);
-    EGF_CalcPolygonMer(objects[1].get(), 0);
-    const _mpl_spacerect_tag own = as<EgfPolygon>(objects[0].get())->bounds;
-    const _mpl_spacerect_tag hosts = as<EgfPolygon>(objects[1].get())->bounds;
-    ASSERT_EQ(std::memcmp(&own, &hosts, sizeof own), 0) << i;
-    taken += box.isFinite() ? 1 : 0;
-  }
-  EXPECT_GT(taken, 100);
-  EXPECT_LT(taken, kRounds / 4);
 }
 
 TEST(ObjectBoxes, ContainersKeepTheBoxOfTheirChildren) {

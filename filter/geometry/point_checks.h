@@ -1,4 +1,5 @@
-// Points and boxes that are at hand: boxes of points, boxes that grow, and whether neighbours meet.
+// Questions about points at hand: are they finite, do neighbours meet, what is their box; and
+// rectangles that grow.
 // All coordinates are compared at once with SSE2, else one by one, with the same results.
 #pragma once
 
@@ -14,43 +15,37 @@
 
 namespace egfsvg {
 
-/// The box in plain C++. Of equal coordinates the first one stays, as zeros have a sign.
+/// Whether points are finite, in plain C++.
+class PlainFiniteCheck {
+ public:
+  void include(const _mpl_spacept_tag* point) {
+    finite_ = finite_ && point->x - point->x == 0.0F && point->y - point->y == 0.0F;
+  }
+  /// Whether no coordinate is an infinity or a NaN.
+  bool isFinite() const { return finite_; }
+
+ private:
+  bool finite_ = true;
+};
+
+/// The box of points, in plain C++. Of equal coordinates the first one stays, as zeros have a sign.
 class PlainPointBox {
  public:
   void include(const _mpl_spacept_tag* point) {
-    const float x = point->x;
-    const float y = point->y;
-    if (x < box_.left) box_.left = x;
-    if (x > box_.right) box_.right = x;
-    if (y < box_.top) box_.top = y;
-    if (y > box_.bottom) box_.bottom = y;
-    finite_ = finite_ && x - x == 0.0F && y - y == 0.0F;
+    check_.include(point);
+    if (point->x < box_.left) box_.left = point->x;
+    if (point->x > box_.right) box_.right = point->x;
+    if (point->y < box_.top) box_.top = point->y;
+    if (point->y > box_.bottom) box_.bottom = point->y;
   }
-
-  /// Makes the box hold another one, whose points are finite or none.
-  void include(const PlainPointBox& other) {
-    if (other.box_.left < box_.left) box_.left = other.box_.left;
-    if (other.box_.right > box_.right) box_.right = other.box_.right;
-    if (other.box_.top < box_.top) box_.top = other.box_.top;
-    if (other.box_.bottom > box_.bottom) box_.bottom = other.box_.bottom;
-  }
-
-  /// Whether another box, of finite points, stands within this one.
-  bool holds(const PlainPointBox& other) const {
-    return box_.left <= other.box_.left && other.box_.right <= box_.right &&
-           box_.top <= other.box_.top && other.box_.bottom <= box_.bottom;
-  }
-  /// Whether nothing was included.
-  bool isEmpty() const { return box_.left > box_.right; }
-  /// Whether no coordinate is an infinity or a NaN.
-  bool isFinite() const { return finite_; }
+  bool isFinite() const { return check_.isFinite(); }
   /// Of at least one point, all of them finite.
   _mpl_spacerect_tag rect() const { return box_; }
 
  private:
   static constexpr float kInfinity = std::numeric_limits<float>::infinity();
+  PlainFiniteCheck check_;
   _mpl_spacerect_tag box_{kInfinity, -kInfinity, kInfinity, -kInfinity};
-  bool finite_ = true;
 };
 
 /// Whether two neighbours of four points are at one place.
@@ -98,32 +93,33 @@ inline void growBox(_mpl_spacerect_tag* box, const _mpl_spacerect_tag& by) {
   std::memcpy(box, &result, sizeof *box);
 }
 
-class PointBox {
+/// A point in the lower half, zeros above.
+inline __m128 pairOf(const _mpl_spacept_tag* point) {
+  return _mm_castsi128_ps(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(point)));
+}
+
+class FiniteCheck {
  public:
   [[gnu::always_inline]] void include(const _mpl_spacept_tag* point) {
-    // The upper half is zeros and never looked at.
-    const __m128 both = _mm_castsi128_ps(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(point)));
-    low_ = _mm_min_ps(both, low_);  // the second one, where neither is less
-    high_ = _mm_max_ps(both, high_);
+    const __m128 both = pairOf(point);
     differences_ = _mm_or_ps(differences_, _mm_sub_ps(both, both));
   }
-
-  void include(const PointBox& other) {
-    low_ = _mm_min_ps(other.low_, low_);
-    high_ = _mm_max_ps(other.high_, high_);
-  }
-
-  bool holds(const PointBox& other) const {
-    constexpr int kBoth = 3;
-    const __m128 inside =
-        _mm_and_ps(_mm_cmple_ps(low_, other.low_), _mm_cmple_ps(other.high_, high_));
-    return (_mm_movemask_ps(inside) & kBoth) == kBoth;
-  }
-  bool isEmpty() const { return _mm_cvtss_f32(low_) > _mm_cvtss_f32(high_); }
-
   /// What is finite differs from itself by zero.
   bool isFinite() const { return _mm_cvtsi128_si64(_mm_castps_si128(differences_)) == 0; }
 
+ private:
+  __m128 differences_ = _mm_setzero_ps();
+};
+
+class PointBox {
+ public:
+  [[gnu::always_inline]] void include(const _mpl_spacept_tag* point) {
+    const __m128 both = pairOf(point);
+    check_.include(point);
+    low_ = _mm_min_ps(both, low_);  // the second one, where neither is less
+    high_ = _mm_max_ps(both, high_);
+  }
+  bool isFinite() const { return check_.isFinite(); }
   _mpl_spacerect_tag rect() const {
     const __m128 sides = _mm_unpacklo_ps(low_, high_);
     _mpl_spacerect_tag box;
@@ -132,9 +128,9 @@ class PointBox {
   }
 
  private:
+  FiniteCheck check_;
   __m128 low_ = _mm_set1_ps(std::numeric_limits<float>::infinity());
   __m128 high_ = _mm_set1_ps(-std::numeric_limits<float>::infinity());
-  __m128 differences_ = _mm_setzero_ps();
 };
 
 [[gnu::always_inline]] inline bool neighboursMeet(const _mpl_spacept_tag* four) {
@@ -152,6 +148,7 @@ class PointBox {
 
 #else
 
+using FiniteCheck = PlainFiniteCheck;
 using PointBox = PlainPointBox;
 inline bool isNone(const _mpl_spacerect_tag& box) { return plainIsNone(box); }
 inline void growBox(_mpl_spacerect_tag* box, const _mpl_spacerect_tag& by) {

@@ -1,4 +1,4 @@
-#include "geometry/point_box.h"
+#include "geometry/point_checks.h"
 
 #include <gtest/gtest.h>
 
@@ -35,12 +35,15 @@ TEST(BoxOfPoints, PairsGiveWhatSingleCoordinatesDo) {
   for (int round = 0; round < kRounds; ++round) {
     PointBox pairs;
     PlainPointBox plain;
+    FiniteCheck check;
     for (unsigned count = 1 + random() % 6; count > 0; --count) {
       const _mpl_spacept_tag point{coordinate(random), coordinate(random)};
       pairs.include(&point);
       plain.include(&point);
+      check.include(&point);
     }
     ASSERT_EQ(pairs.isFinite(), plain.isFinite());
+    ASSERT_EQ(check.isFinite(), plain.isFinite());
     if (!plain.isFinite()) continue;
     ++finite;
     const _mpl_spacerect_tag a = pairs.rect();
@@ -49,47 +52,6 @@ TEST(BoxOfPoints, PairsGiveWhatSingleCoordinatesDo) {
   }
   EXPECT_GT(finite, kRounds / 3);
   EXPECT_LT(finite, kRounds);
-}
-
-template <class Box>
-Box boxOf(const std::vector<_mpl_spacept_tag>& points) {
-  Box box;
-  for (const _mpl_spacept_tag& point : points) box.include(&point);
-  return box;
-}
-
-TEST(BoxOfPoints, PairsHoldAndTakeBoxesAsSingleCoordinatesDo) {
-  std::mt19937 random(2);
-  const auto small = [&] { return static_cast<float>(static_cast<int>(random() % 9) - 4); };
-  const auto points = [&](unsigned most) {
-    std::vector<_mpl_spacept_tag> some;
-    for (unsigned count = random() % (most + 1); count > 0; --count) {
-      some.push_back({random() % 8 == 0 ? -0.0F : small(), small()});
-    }
-    return some;
-  };
-  int held = 0;
-  for (int round = 0; round < kRounds; ++round) {
-    const auto outer = points(8);
-    const auto inner = points(2);
-    PointBox pairs = boxOf<PointBox>(outer);
-    PlainPointBox plain = boxOf<PlainPointBox>(outer);
-    ASSERT_EQ(pairs.isEmpty(), outer.empty());
-    ASSERT_EQ(plain.isEmpty(), outer.empty());
-    if (!inner.empty()) {
-      const bool holds = plain.holds(boxOf<PlainPointBox>(inner));
-      ASSERT_EQ(pairs.holds(boxOf<PointBox>(inner)), holds) << round;
-      held += holds ? 1 : 0;
-    }
-    pairs.include(boxOf<PointBox>(inner));
-    plain.include(boxOf<PlainPointBox>(inner));
-    if (plain.isEmpty()) continue;
-    const _mpl_spacerect_tag a = pairs.rect();
-    const _mpl_spacerect_tag b = plain.rect();
-    ASSERT_EQ(std::memcmp(&a, &b, sizeof a), 0) << round;
-  }
-  EXPECT_GT(held, kRounds / 20);
-  EXPECT_LT(held, kRounds / 2);
 }
 
 TEST(BoxOfPoints, GrowsAllSidesAtOnceAsOneByOne) {
