@@ -18,11 +18,11 @@ void StyleNumbers::endPage() { *this = {}; }
 template <class Record>
 HostHandle StyleNumbers::tableOf(HostHandle document, StyleClass styleClass,
                                  Last<Record>& last) const {
-  if (document == 0) return 0;
   if (!pageOpen_ || !last.lookedUp) {
     last.table = ISL_GetProperty(OBJ_GetRootTrace(document, RMM_SITE),
                                  static_cast<std::uint32_t>(styleClass));
-    last.lookedUp = last.table != 0;
+    // A table that is missing is asked for again; without a document there will be none.
+    last.lookedUp = last.table != 0 || document == 0;
   }
   return last.table;
 }

@@ -2,6 +2,7 @@
 // gradient, and fractions of the bounding box.
 
 #include <cstring>
+#include <memory>
 
 #include "host/memory.h"
 #include "model/lifecycle.h"
@@ -24,6 +25,16 @@ void releaseStop(_svg_stop* stop) {
   DestroyCommonElements(&stop->head);
   DestroyGraphicsElements(&stop->graphics);
 }
+
+/// Own a gradient, and what a stop holds, while they are read: a host whose file fails may throw.
+struct GradientRelease {
+  void operator()(_svg_gradient* gradient) const { releaseGradient(gradient); }
+};
+using GradientOwner = std::unique_ptr<_svg_gradient, GradientRelease>;
+struct StopRelease {
+  void operator()(_svg_stop* stop) const { releaseStop(stop); }
+};
+using StopOwner = std::unique_ptr<_svg_stop, StopRelease>;
 
 /// "#" and the id, or null. The caller owns it.
 char* gradientKey(const char* id) {
@@ -95,7 +106,8 @@ bool ownTexts(_svg_stop* stop) {
 _svg_gradient* CHandlerReader::ParseGradientTagData(_svg_common* parent, _svg_gradient** out,
                                                     int type) {
   using namespace egfsvg;
-  auto* gradient = allocateRecord<_svg_gradient>(RMM_SITE);
+  GradientOwner owner(allocateRecord<_svg_gradient>(RMM_SITE));
+  _svg_gradient* const gradient = owner.get();
   if (gradient == nullptr) return nullptr;
   initGradientObj(gradient);
   type == kTagRadialGradient ? initRadialGrad(gradient) : initLinearGrad(gradient);
@@ -103,10 +115,8 @@ _svg_gradient* CHandlerReader::ParseGradientTagData(_svg_common* parent, _svg_gr
   gradient->head.type = type;
   InheritStyleAndTransform(gradient, type);
   SetStyleBasedOnTypeSelector(gradient, type);
-  if (readGradientAttributes(gradient) != 0) {
-    releaseGradient(gradient);
-    return nullptr;
-  }
+  if (readGradientAttributes(gradient) != 0) return nullptr;
+  (void)owner.release();
   // Entered once it is complete, so that the table never holds a record that is given up.
   if (gradient->head.id != nullptr) enterGradient(gradients, gradient);
   // Changes its transform list in place, so it goes before any stop takes the list over.
@@ -135,10 +145,10 @@ int CHandlerReader::ParseGradients(_svg_common* parent, int type) {
   const int start = buffer.getFileIndex();
   _svg_gradient* gradient = ParseGradientTagData(parent, nullptr, type);
   if (gradient == nullptr) return 0;
+  const GradientOwner nameless(isEntered(gradients, gradient) ? nullptr : gradient);
   const int end = buffer.getFileIndex();
   if (isSVGTagClosed(start, end) == 0) readStops(gradient);
   SetLinkedStopTags(gradient);
-  if (!isEntered(gradients, gradient)) releaseGradient(gradient);
   return 0;
 }
 
@@ -150,12 +160,11 @@ void CHandlerReader::readStops(_svg_gradient* gradient) {
     if (tag != kTagStop) continue;
     _svg_stop stop;
     initStopObj(&stop);
+    StopOwner owner(&stop);
     // A malformed stop counts as far as it was read.
     ParseStopTagData(&stop, &gradient->head);
-    if (AddStopTagToParent(gradient, &stop) != 0) {
-      releaseStop(&stop);
-      return;
-    }
+    if (AddStopTagToParent(gradient, &stop) != 0) return;
+    (void)owner.release();
   }
 }
 

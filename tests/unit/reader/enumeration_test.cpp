@@ -6,6 +6,7 @@
 
 #include "embedded_host/host_faults.h"
 #include "embedded_host/host_framework.h"
+#include "embedded_host/host_memory.h"
 #include "embedded_host/host_messages.h"
 #include "embedded_host/host_progress.h"
 #include "embedded_host/host_settings.h"
@@ -466,6 +467,35 @@ TEST(EnumerateData, EachReadMayFail) {
       egfhost::clearFaults();
     }
   }
+}
+
+// Gradients and stops that are longer than what the reader takes at a time.
+TEST(EnumerateData, AThrowingFileLeavesNothingOfGradients) {
+  const std::string blanks(9000, ' ');
+  const auto gradient = [&](const std::string& id) {
+    return "<linearGradient " + id + " gradientTransform=\"scale(2)\"" + blanks + "x1=\"1\">" +
+           blanks + "<stop id=\"s\" offset=\"0\"" + blanks + "stop-color=\"red\"/>" + blanks +
+           "</linearGradient>";
+  };
+  const std::string text = "<svg>" + gradient("id=\"a\"") + gradient("") + "</svg>";
+  int thrown = 0;
+  for (std::uint64_t call = 1; call <= 40; ++call) {
+    const auto before = egfhost::liveSites();
+    {
+      TextSource source(text);
+      CHandlerReader reader;
+      ASSERT_TRUE(egfhost::throwAt("FLR_Read", call));
+      try {
+        readWith(reader, source.stream());
+      } catch (CException* exception) {
+        exception->Delete();
+        ++thrown;
+      }
+      egfhost::clearFaults();
+    }
+    EXPECT_EQ(egfhost::describeSites(egfhost::liveSitesSince(before)), "") << call;
+  }
+  EXPECT_GT(thrown, 8);
 }
 
 TEST(EnumerateData, EachTruncationEnds) {
