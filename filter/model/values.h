@@ -44,7 +44,8 @@ struct _svg_viewbox {
 inline constexpr std::int32_t kAttribNameSize = 256;
 inline constexpr std::int32_t kAttribValueSize = 4097;  // what callers start a value block at
 
-inline constexpr std::int32_t kLengthNotTold = -1;
+/// So a pair that is zeroed tells nothing; an empty value is as quickly measured as told.
+inline constexpr std::int32_t kLengthNotTold = 0;
 
 /// One attribute as the scanner hands it out; `value` may be replaced by a larger block.
 struct _svg_attrib_pair {

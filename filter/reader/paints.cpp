@@ -235,7 +235,7 @@ int CHandlerReader::SetCurrentColorToAttribute(_svg_pa_graphics* group, _svg_att
   const RgbText text(group->color);
   if (text.length() < static_cast<std::size_t>(pair->valueSize)) {
     std::memcpy(pair->value, text.c_str(), text.length() + 1);
-    pair->valueLength = static_cast<std::int32_t>(text.length());
+    pair->valueLength = kLengthNotTold;
   }
   return 0;
 }

@@ -75,7 +75,7 @@ template <class Group>
 int setKeyword(std::int32_t Group::*field, Group* group, const _svg_attrib_pair* pair,
                const KeywordSet& keywords) {
   if (group == nullptr || !hasValue(pair)) return 0;
-  if (pair->valueLength >= 0) {
+  if (pair->valueLength != kLengthNotTold) {
     const auto length = static_cast<std::size_t>(pair->valueLength);
     if (const Keyword* row = keywords.find({pair->value, length})) {
       group->*field = row->code;

@@ -12,8 +12,9 @@ namespace egfsvg {
 /// and the old text stays.
 inline int replaceText(char** field, const _svg_attrib_pair* pair) {
   if (field == nullptr || pair == nullptr || pair->value == nullptr) return 0;
-  const std::size_t length = pair->valueLength >= 0 ? static_cast<std::size_t>(pair->valueLength)
-                                                    : std::strlen(pair->value);
+  const std::size_t length = pair->valueLength != kLengthNotTold
+                                 ? static_cast<std::size_t>(pair->valueLength)
+                                 : std::strlen(pair->value);
   char* copy = duplicateText(pair->value, length, RMM_SITE);
   if (copy == nullptr) return 0;
   freeAll(*field);

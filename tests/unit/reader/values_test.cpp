@@ -71,6 +71,60 @@ TEST(ValuesReader, aNumberIsReadUpToItsScratch) {
   EXPECT_TRUE(isValue(value, 5e-201, kUnitMillimetre));
 }
 
+// Whoever clears the whole pair before it is filled has told no length.
+TEST(ValuesReader, aZeroedPairIsReadToItsTerminator) {
+  CHandlerReader reader;
+  const auto zeroed = [](char* text) {
+    _svg_attrib_pair pair;
+    std::memset(static_cast<void*>(&pair), 0, sizeof pair);
+    pair.value = text;
+    pair.valueSize = static_cast<std::int32_t>(std::strlen(text)) + 1;
+    return pair;
+  };
+  char lengthText[] = "7mm";
+  _svg_attrib_pair length = zeroed(lengthText);
+  _svg_value value{kUnitUnset, -7.0, 42};
+  reader.SetValueAtt(&value, &length);
+  EXPECT_TRUE(isValue(value, 7, kUnitMillimetre));
+
+  char pointsText[] = "1,2 3,4";
+  _svg_attrib_pair points = zeroed(pointsText);
+  int count = 0;
+  RMM_Free(reader.SetPointsAtt(&count, &points));
+  EXPECT_EQ(count, 2);
+
+  char idText[] = "name";
+  _svg_attrib_pair id = zeroed(idText);
+  char* name = nullptr;
+  reader.SetIDAtt(&name, &id);
+  EXPECT_STREQ(name, "name");
+  RMM_Free(name);
+
+  char ruleText[] = "evenodd";
+  _svg_attrib_pair rule = zeroed(ruleText);
+  constexpr std::int32_t kEvenOdd = 2;
+  _svg_pa_fill fill{};
+  reader.SetFillRulePatt(&fill, &rule);
+  EXPECT_EQ(fill.fillRule, kEvenOdd);
+}
+
+// A scanned pair may be given another text, as the substitute of a colour is.
+TEST(ValuesReader, theSubstituteOfAColourIsReadToItsTerminator) {
+  CHandlerReader reader;
+  char style[] = "fill:currentColor";
+  char* at = style;
+  char text[64] = "";
+  _svg_attrib_pair pair{"", sizeof text, text};
+  EXPECT_EQ(reader.GetNextAttribPair(&at, &pair), kAttFill);
+  _svg_pa_graphics group{};
+  group.color = {1, 2, 3, 0};
+  reader.SetCurrentColorToAttribute(&group, &pair);
+  char* copy = nullptr;
+  reader.SetIDAtt(&copy, &pair);
+  EXPECT_STREQ(copy, "rgb(1,2,3)");
+  RMM_Free(copy);
+}
+
 struct PixelCase {
   _svg_value value;
   double pixels;
